@@ -1,0 +1,19 @@
+# Target kv_platform_interface: the headers of the server's own libraries.
+# Target kv_platform: what libLANProvider.so is linked with, the server's libraries or the stand-in.
+add_library(kv_platform_interface INTERFACE)
+if(KV_PLATFORM_INCLUDE_DIR)
+  target_include_directories(kv_platform_interface SYSTEM INTERFACE ${KV_PLATFORM_INCLUDE_DIR})
+else()
+  target_include_directories(kv_platform_interface INTERFACE ${CMAKE_SOURCE_DIR}/interfaces/platform)
+endif()
+
+if(KV_PLATFORM_LIBRARIES)
+  add_library(kv_platform INTERFACE)
+  target_link_libraries(kv_platform INTERFACE kv_platform_interface ${KV_PLATFORM_LIBRARIES})
+elseif(NOT OPENWBEM_ROOT AND NOT CMAKE_CROSSCOMPILING)
+  add_subdirectory(${CMAKE_SOURCE_DIR}/standins/platform)
+else()
+  # Nothing to link: the platform functions stay undefined until the object manager's process resolves them.
+  add_library(kv_platform INTERFACE)
+  target_link_libraries(kv_platform INTERFACE kv_platform_interface)
+endif()
