@@ -1,0 +1,52 @@
+#ifndef KV_REPORTING_OPERATIONGUARD_HPP
+#define KV_REPORTING_OPERATIONGUARD_HPP
+
+#include "Failure.hpp"
+
+#include <OW_ProviderEnvironmentIFC.hpp>
+
+#include <exception>
+
+namespace reporting
+{
+
+/// A provider operation as the failure texts name it. The two lines are those of the two clauses that turn an
+/// unexpected exception into a CIM failure; they differ, so that the line in a report tells the clauses apart.
+struct GuardedOperation {
+    const char* unit;
+    const char* name; ///< "enumInstanceNames", "getInstance", ...
+    int standardExceptionLine;
+    int otherExceptionLine;
+};
+
+/// "Unknown Error:  while performing <operation> operation on <target>\n". The two blanks after the colon are
+/// intended: tools match this text.
+OpenWBEM::String unknownErrorText(const GuardedOperation& operation, const OpenWBEM::String& target);
+
+/// Logs `message` at error level through the logger of the request's environment and throws it as CIM_ERR_FAILED.
+[[noreturn]] void failUnexpectedly(const OpenWBEM::ProviderEnvironmentIFCRef& env, SourcePlace where,
+                                   const OpenWBEM::String& message);
+
+/// Runs `body` and returns its result. A CIMException passes unchanged and unlogged. A std::exception becomes
+/// CIM_ERR_FAILED with unknownErrorText, its what() and a line break; anything else the same without the last two.
+/// `target` is called only then: it returns, as a String, what the operation was asked to work on.
+template <typename Target, typename Body>
+auto guarded(const OpenWBEM::ProviderEnvironmentIFCRef& env, const GuardedOperation& operation,
+             const Target& target, const Body& body) -> decltype(body())
+{
+    try {
+        return body();
+    } catch (const OpenWBEM::CIMException&) {
+        throw;
+    } catch (const std::exception& e) {
+        failUnexpectedly(env, {operation.unit, operation.standardExceptionLine},
+                         unknownErrorText(operation, target()) + e.what() + "\n");
+    } catch (...) {
+        failUnexpectedly(env, {operation.unit, operation.otherExceptionLine},
+                         unknownErrorText(operation, target()));
+    }
+}
+
+} // namespace reporting
+
+#endif
