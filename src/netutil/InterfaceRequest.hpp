@@ -1,0 +1,54 @@
+#ifndef KV_NETUTIL_INTERFACEREQUEST_HPP
+#define KV_NETUTIL_INTERFACEREQUEST_HPP
+
+#include <linux/mii.h>
+#include <net/if.h>
+
+#include <array>
+
+/// The questions and orders about one network interface that go to the kernel through an IPv4 datagram
+/// socket: the socket and the request structure in one value that lives on the stack. The socket is opened by
+/// the constructor and closed by the destructor; in between, every member below is exactly one ioctl. Nothing
+/// is ever printed or thrown.
+class InterfaceRequest
+{
+  public:
+    /// Takes the first 15 characters of `ifName`, which is all that the kernel's name field holds beside its
+    /// NUL.
+    explicit InterfaceRequest(const char* ifName);
+    ~InterfaceRequest();
+    InterfaceRequest(const InterfaceRequest&) = delete;
+    InterfaceRequest& operator=(const InterfaceRequest&) = delete;
+
+    /// Whether there is a socket; errno says why not. Without one, nothing else may be called.
+    bool isOpen() const { return socket_ >= 0; }
+
+    /// Reads the MTU in bytes (SIOCGIFMTU). False when the kernel refuses; `mtu` is then left alone.
+    bool getMtu(int& mtu);
+
+    /// Sets the MTU in bytes (SIOCSIFMTU). False when the kernel refuses.
+    bool setMtu(int mtu);
+
+    /// Reads the interface flags, IFF_UP and so on (SIOCGIFFLAGS). False when the kernel refuses; `flags` is
+    /// then left alone.
+    bool getFlags(short& flags);
+
+    /// The six bytes of an Ethernet hardware address, in the order in which they are written.
+    using HardwareAddress = std::array<unsigned char, 6>;
+
+    /// Reads the hardware address (SIOCGIFHWADDR). False when the kernel refuses; `address` is then left
+    /// alone.
+    bool getHardwareAddress(HardwareAddress& address);
+
+    /// Issues one of the MII requests, which carry their own structure in the request. `mii` is what the
+    /// driver finds there, and afterwards what the driver left there. False when the driver refuses.
+    bool mii(unsigned long request, mii_ioctl_data& mii);
+
+  private:
+    bool issue(unsigned long request);
+
+    int socket_;
+    ifreq request_;
+};
+
+#endif
