@@ -3,8 +3,8 @@
 
 #include <exception>
 
-/// Failures of configuration objects. They carry nothing but their type, are thrown by the registry of the DSCP
-/// marking service and caught by its provider; none of them ever reaches the object manager.
+/// Failures of configuration objects. They carry nothing but their type, are thrown by the registry of the
+/// DSCP marking service and caught by its provider; none of them ever reaches the object manager.
 class CFG_Exception : public std::exception
 {
   public:

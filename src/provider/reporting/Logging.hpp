@@ -9,22 +9,23 @@
 #include <OW_Logger.hpp>
 #include <OW_String.hpp>
 
-/// The object manager's logger for everything that happens outside a request's own environment, that is for the
-/// models. Empty until LANProvider::initialize takes it from the environment; defined in LANProvider.cpp, where the
-/// order of the library's static objects is fixed.
+/// The object manager's logger for everything that happens outside a request's own environment, that is for
+/// the models. Empty until LANProvider::initialize takes it from the environment; defined in LANProvider.cpp,
+/// where the order of the library's static objects is fixed.
 extern OpenWBEM::IntrusiveReference<OpenWBEM::Logger> gLogger;
 
 namespace reporting
 {
 
-/// Writes `message` to gLogger at error level, the only level this library uses. Before initialize there is no logger
-/// to write to, and the message is dropped.
+/// Writes `message` to gLogger at error level, the only level this library uses. Before initialize there is
+/// no logger to write to, and the message is dropped.
 void logError(const OpenWBEM::String& message);
 
 /// A failure that a model found: logs `text` and throws it as CIM_ERR_FAILED.
 [[noreturn]] void logAndFail(SourcePlace where, const OpenWBEM::String& text);
 
-/// The same for a failure with an identifier: logs `text` followed by `logDetail`, throws `text` with `identifier`.
+/// The same for a failure with an identifier: logs `text` followed by `logDetail`, throws `text` with
+/// `identifier`.
 [[noreturn]] void logAndFail(SourcePlace where, const OpenWBEM::String& text, const char* identifier,
                              const OpenWBEM::String& logDetail = OpenWBEM::String());
 

@@ -11,7 +11,8 @@ namespace reporting
 {
 
 /// A provider operation as the failure texts name it. The two lines are those of the two clauses that turn an
-/// unexpected exception into a CIM failure; they differ, so that the line in a report tells the clauses apart.
+/// unexpected exception into a CIM failure; they differ, so that the line in a report tells the clauses
+/// apart.
 struct GuardedOperation {
     const char* unit;
     const char* name; ///< "enumInstanceNames", "getInstance", ...
@@ -23,13 +24,14 @@ struct GuardedOperation {
 /// intended: tools match this text.
 OpenWBEM::String unknownErrorText(const GuardedOperation& operation, const OpenWBEM::String& target);
 
-/// Logs `message` at error level through the logger of the request's environment and throws it as CIM_ERR_FAILED.
+/// Logs `message` at error level through the logger of the request's environment and throws it as
+/// CIM_ERR_FAILED.
 [[noreturn]] void failUnexpectedly(const OpenWBEM::ProviderEnvironmentIFCRef& env, SourcePlace where,
                                    const OpenWBEM::String& message);
 
 /// Runs `body` and returns its result. A CIMException passes unchanged and unlogged. A std::exception becomes
-/// CIM_ERR_FAILED with unknownErrorText, its what() and a line break; anything else the same without the last two.
-/// `target` is called only then: it returns, as a String, what the operation was asked to work on.
+/// CIM_ERR_FAILED with unknownErrorText, its what() and a line break; anything else the same without the last
+/// two. `target` is called only then: it returns, as a String, what the operation was asked to work on.
 template <typename Target, typename Body>
 auto guarded(const OpenWBEM::ProviderEnvironmentIFCRef& env, const GuardedOperation& operation,
              const Target& target, const Body& body) -> decltype(body())

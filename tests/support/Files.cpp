@@ -1,0 +1,123 @@
+// Files by absolute path, mapped into the world's temporary tree.
+
+#include "World.hpp"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+
+using fakes::World;
+
+extern "C" {
+int __real_open(const char* path, int flags, ...);
+FILE* __real_fopen(const char* path, const char* mode);
+int __real_fclose(FILE* stream);
+int __real_rename(const char* from, const char* to);
+int __real_remove(const char* path);
+int __wrap_open(const char* path, int flags, ...);
+FILE* __wrap_fopen(const char* path, const char* mode);
+int __wrap_fclose(FILE* stream);
+int __wrap_rename(const char* from, const char* to);
+int __wrap_remove(const char* path);
+}
+
+namespace
+{
+
+/// Records the call; true when it is programmed to fail, with errno set.
+bool fails(World& world, const std::string& function, const std::string& line)
+{
+    world.record(fakes::File, line);
+    const auto code = world.failureOf(function, line);
+    if (code)
+        errno = *code;
+    return code.has_value();
+}
+
+/// "r" or "w": the close-on-exec flag of glibc is the product's choice and no matter of behaviour.
+std::string plainMode(const char* mode)
+{
+    std::string plain(mode);
+    const auto flag = plain.find('e');
+    if (flag != std::string::npos)
+        plain.erase(flag, 1);
+    return plain;
+}
+
+} // namespace
+
+int __wrap_open(const char* path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const int mode = (flags & O_CREAT) != 0 ? va_arg(arguments, int) : 0;
+    va_end(arguments);
+    World* world = World::current();
+    if (!world)
+        return __real_open(path, flags, mode);
+
+    if (fails(*world, "open", std::string("open ") + path))
+        return -1;
+    if (std::string(path) != "/dev/kv_netfilter" || (flags & O_ACCMODE) != O_RDWR) {
+        world->problem(std::string("unforeseen open of ") + path);
+        errno = ENOENT;
+        return -1;
+    }
+    if (!world->packetFilterPresent) {
+        errno = ENOENT;
+        return -1;
+    }
+    const int fd = __real_open("/dev/null", O_RDWR | O_CLOEXEC);
+    world->descriptors[fd] = path;
+    return fd;
+}
+
+FILE* __wrap_fopen(const char* path, const char* mode)
+{
+    World* world = World::current();
+    if (!world)
+        return __real_fopen(path, mode);
+    const std::string line = std::string("fopen ") + path + " " + plainMode(mode);
+    if (fails(*world, "fopen", line))
+        return nullptr;
+    FILE* stream = __real_fopen(world->real(path).c_str(), mode);
+    if (stream)
+        world->streams[stream] = path;
+    return stream;
+}
+
+int __wrap_fclose(FILE* stream)
+{
+    if (World* world = World::current()) {
+        const auto found = world->streams.find(stream);
+        if (found == world->streams.end()) {
+            world->problem("fclose of a stream that is not open");
+        } else {
+            world->record(fakes::File, "fclose " + found->second);
+            world->streams.erase(found);
+        }
+    }
+    return __real_fclose(stream);
+}
+
+int __wrap_rename(const char* from, const char* to)
+{
+    World* world = World::current();
+    if (!world)
+        return __real_rename(from, to);
+    if (fails(*world, "rename", std::string("rename ") + from + " " + to))
+        return -1;
+    return __real_rename(world->real(from).c_str(), world->real(to).c_str());
+}
+
+int __wrap_remove(const char* path)
+{
+    World* world = World::current();
+    if (!world)
+        return __real_remove(path);
+    if (fails(*world, "remove", std::string("remove ") + path))
+        return -1;
+    return __real_remove(world->real(path).c_str());
+}

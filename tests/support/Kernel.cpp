@@ -1,0 +1,212 @@
+// Sockets, interface requests and the packet-filter device of the faked kernel.
+
+#include "World.hpp"
+
+#include <fcntl.h>
+#include <linux/mii.h>
+#include <linux/sockios.h>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+using fakes::Interface;
+using fakes::World;
+
+extern "C" {
+int __real_socket(int domain, int type, int protocol);
+int __real_ioctl(int fd, unsigned long request, ...);
+int __real_close(int fd);
+int __real_open(const char* path, int flags, ...);
+int __wrap_socket(int domain, int type, int protocol);
+int __wrap_ioctl(int fd, unsigned long request, ...);
+int __wrap_close(int fd);
+}
+
+namespace
+{
+
+const char* nameOf(unsigned long request)
+{
+    switch (request) {
+    case SIOCGIFFLAGS:
+        return "SIOCGIFFLAGS";
+    case SIOCGIFMTU:
+        return "SIOCGIFMTU";
+    case SIOCSIFMTU:
+        return "SIOCSIFMTU";
+    case SIOCGIFHWADDR:
+        return "SIOCGIFHWADDR";
+    case SIOCGMIIPHY:
+        return "SIOCGMIIPHY";
+    case SIOCGMIIREG:
+        return "SIOCGMIIREG";
+    case SIOCDEVPRIVATE:
+        return "SIOCDEVPRIVATE";
+    case SIOCDEVPRIVATE + 1:
+        return "SIOCDEVPRIVATE+1";
+    default:
+        return nullptr;
+    }
+}
+
+bool isRegisterRead(unsigned long request)
+{
+    return request == SIOCGMIIREG || request == SIOCDEVPRIVATE + 1;
+}
+
+mii_ioctl_data miiOf(const ifreq& request)
+{
+    mii_ioctl_data mii{};
+    std::memcpy(&mii, &request.ifr_ifru, sizeof mii);
+    return mii;
+}
+
+std::string describe(unsigned long number, const ifreq& request)
+{
+    std::string line = std::string("ioctl ") + nameOf(number) + " " + request.ifr_name;
+    if (number == SIOCSIFMTU)
+        line += " " + std::to_string(request.ifr_mtu);
+    if (isRegisterRead(number)) {
+        const mii_ioctl_data mii = miiOf(request);
+        line += " phy " + std::to_string(mii.phy_id) + " register " + std::to_string(mii.reg_num);
+    }
+    return line;
+}
+
+bool answersMii(const Interface& interface, unsigned long number)
+{
+    const bool standard = number == SIOCGMIIPHY || number == SIOCGMIIREG;
+    return interface.mii == (standard ? Interface::Mii::Standard : Interface::Mii::Private);
+}
+
+int answerMii(const Interface& interface, unsigned long number, ifreq& request)
+{
+    if (!answersMii(interface, number)) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
+    mii_ioctl_data mii = miiOf(request);
+    if (isRegisterRead(number))
+        mii.val_out =
+            mii.phy_id == interface.phy && mii.reg_num < 8 ? interface.registers[mii.reg_num] : 0xFFFF;
+    else
+        mii.phy_id = interface.phy;
+    std::memcpy(&request.ifr_ifru, &mii, sizeof mii);
+    return 0;
+}
+
+int answer(Interface& interface, unsigned long number, ifreq& request)
+{
+    switch (number) {
+    case SIOCGIFFLAGS:
+        request.ifr_flags = interface.flags;
+        return 0;
+    case SIOCGIFMTU:
+        request.ifr_mtu = interface.mtu;
+        return 0;
+    case SIOCSIFMTU:
+        interface.mtu = request.ifr_mtu;
+        return 0;
+    case SIOCGIFHWADDR:
+        std::memcpy(request.ifr_hwaddr.sa_data, interface.mac.data(), interface.mac.size());
+        return 0;
+    default:
+        return answerMii(interface, number, request);
+    }
+}
+
+int interfaceRequest(World& world, unsigned long number, ifreq& request)
+{
+    const std::string line = describe(number, request);
+    world.record(fakes::Kernel, line);
+    if (const auto code = world.failureOf("ioctl", line)) {
+        errno = *code;
+        return -1;
+    }
+    const auto found = world.interfaces.find(request.ifr_name);
+    if (found == world.interfaces.end()) {
+        errno = ENODEV;
+        return -1;
+    }
+    return answer(found->second, number, request);
+}
+
+int packetFilterRequest(World& world, unsigned long number, const void* argument)
+{
+    std::uint32_t value = 0;
+    std::memcpy(&value, argument, sizeof value);
+    char text[64];
+    std::snprintf(text, sizeof text, "ioctl /dev/kv_netfilter 0x%08lX %u", number & 0xFFFFFFFFUL, value);
+    world.record(fakes::Kernel, text);
+    if (const auto code = world.failureOf("ioctl", text)) {
+        errno = *code;
+        return -1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int __wrap_socket(int domain, int type, int protocol)
+{
+    World* world = World::current();
+    if (!world)
+        return __real_socket(domain, type, protocol);
+    const bool asExpected = domain == AF_INET && (type & ~SOCK_CLOEXEC) == SOCK_DGRAM && protocol == 0;
+    if (!asExpected)
+        world->problem("unknown kind of socket");
+    const std::string line = "socket";
+    world->record(fakes::Kernel, line);
+    if (const auto code = world->failureOf("socket", line)) {
+        errno = *code;
+        return -1;
+    }
+    const int fd = __real_open("/dev/null", O_RDWR | O_CLOEXEC);
+    world->descriptors[fd] = "socket";
+    return fd;
+}
+
+int __wrap_ioctl(int fd, unsigned long request, ...)
+{
+    va_list arguments;
+    va_start(arguments, request);
+    void* argument = va_arg(arguments, void*);
+    va_end(arguments);
+
+    World* world = World::current();
+    if (!world)
+        return __real_ioctl(fd, request, argument);
+    const auto found = world->descriptors.find(fd);
+    if (found == world->descriptors.end()) {
+        world->problem("ioctl on a descriptor that is not open");
+        errno = EBADF;
+        return -1;
+    }
+    if (found->second == "/dev/kv_netfilter")
+        return packetFilterRequest(*world, request, argument);
+    if (!nameOf(request)) {
+        world->problem("unknown ioctl " + std::to_string(request));
+        errno = ENOTTY;
+        return -1;
+    }
+    return interfaceRequest(*world, request, *static_cast<ifreq*>(argument));
+}
+
+int __wrap_close(int fd)
+{
+    if (World* world = World::current()) {
+        const auto found = world->descriptors.find(fd);
+        if (found == world->descriptors.end()) {
+            world->problem("close of a descriptor that is not open");
+        } else {
+            world->record(fakes::Kernel, "close " + found->second);
+            world->descriptors.erase(found);
+        }
+    }
+    return __real_close(fd);
+}

@@ -1,0 +1,152 @@
+#include "World.hpp"
+
+#include <net/if.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace fakes
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+World* theWorld = nullptr;
+}
+
+Interface::Interface() : flags(IFF_UP | IFF_RUNNING) {}
+
+World::World()
+{
+    const char* directory = std::getenv("TMPDIR");
+    std::string pattern = std::string(directory ? directory : "/tmp") + "/kv-test-XXXXXX";
+    if (!mkdtemp(pattern.data()))
+        throw std::runtime_error("cannot create a directory for " + pattern);
+    m_root = pattern;
+    for (const char* directoryInside : {"/etc/sysconfig/network-scripts", "/kv/etc", "/dev"})
+        fs::create_directories(m_root + directoryInside);
+    for (int n = 0; n < 3; ++n) {
+        Interface& added = interfaces["eth" + std::to_string(n)];
+        added.mac = {0x00, 0x0a, 0xf7, 0x01, 0x02, static_cast<unsigned char>(0xa0 + n)};
+    }
+    theWorld = this;
+}
+
+World::~World()
+{
+    theWorld = nullptr;
+    std::error_code ignored;
+    fs::remove_all(m_root, ignored);
+}
+
+World* World::current()
+{
+    return theWorld;
+}
+
+void World::record(Kind kind, const std::string& line)
+{
+    m_journal.push_back({kind, line});
+}
+
+std::vector<std::string> World::journal(unsigned kinds) const
+{
+    std::vector<std::string> lines;
+    for (const Entry& entry : m_journal) {
+        if (entry.kind & kinds)
+            lines.push_back(entry.line);
+    }
+    return lines;
+}
+
+void World::clearJournal()
+{
+    m_journal.clear();
+}
+
+void World::failNth(int nth, const std::string& function, int code, const std::string& detail)
+{
+    m_failures.push_back({nth, function, detail, code, false});
+}
+
+void World::failAll(const std::string& function, int code, const std::string& detail)
+{
+    m_failures.push_back({0, function, detail, code, false});
+}
+
+std::optional<int> World::failureOf(const std::string& function, const std::string& line)
+{
+    std::optional<int> code;
+    for (Failure& failure : m_failures) {
+        if (failure.function != function || line.find(failure.detail) == std::string::npos)
+            continue;
+        const bool every = failure.nth == 0;
+        if (every || (!failure.met && --failure.nth == 0)) {
+            failure.met = true;
+            failure.nth = every ? 0 : -1;
+            if (!code)
+                code = failure.code;
+        }
+    }
+    return code;
+}
+
+void World::problem(const std::string& text)
+{
+    m_problems.push_back(text);
+}
+
+std::vector<std::string> World::problems() const
+{
+    std::vector<std::string> all = m_problems;
+    for (const Failure& failure : m_failures) {
+        if (!failure.met)
+            all.push_back("programmed failure never met: " + failure.function + " " + failure.detail);
+    }
+    for (const auto& [descriptor, what] : descriptors) {
+        if (mayStayOpen.count(what) == 0)
+            all.push_back("descriptor left open: " + what);
+    }
+    for (const auto& stream : streams)
+        all.push_back("stream left open: " + stream.second);
+    if (!lineArrays.empty())
+        all.push_back("line arrays not released: " + std::to_string(lineArrays.size()));
+    if (semaphoreHeld)
+        all.push_back("the DHCP LAN semaphore is still held");
+    return all;
+}
+
+std::string World::real(const std::string& path) const
+{
+    if (path.compare(0, m_root.size(), m_root) == 0)
+        return path;
+    return m_root + path;
+}
+
+void World::write(const std::string& path, const std::string& content)
+{
+    std::ofstream(real(path), std::ios::binary) << content;
+}
+
+std::string World::read(const std::string& path) const
+{
+    std::ostringstream content;
+    content << std::ifstream(real(path), std::ios::binary).rdbuf();
+    return content.str();
+}
+
+bool World::exists(const std::string& path) const
+{
+    return fs::exists(real(path));
+}
+
+void World::makeDirectory(const std::string& path)
+{
+    fs::create_directories(real(path));
+}
+
+} // namespace fakes
