@@ -1,0 +1,32 @@
+#ifndef OW_CIM_BASE_HPP_
+#define OW_CIM_BASE_HPP_
+
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_String.hpp"
+#include <iosfwd>
+
+namespace OpenWBEM
+{
+
+// Base of the CIM classes. Their objects are handles that share their data until one of them is changed. On a
+// null object everything throws but the truth test, copying, assignment and setNull.
+class CIMBase
+{
+  public:
+    virtual ~CIMBase();
+    virtual void setNull() = 0;
+    virtual String toString() const = 0;
+    virtual String toMOF() const = 0;
+
+  protected:
+    CIMBase() = default;
+    CIMBase(const CIMBase&) = default;
+    CIMBase& operator=(const CIMBase&) = default;
+};
+
+std::ostream& operator<<(std::ostream& ostr, const CIMBase& cb); // toString()
+
+} // namespace OpenWBEM
+
+#endif

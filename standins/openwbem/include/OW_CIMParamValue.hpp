@@ -1,0 +1,37 @@
+#ifndef OW_CIM_PARAM_VALUE_HPP_
+#define OW_CIM_PARAM_VALUE_HPP_
+
+#include "OW_CIMBase.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_CIMValue.hpp"
+
+namespace OpenWBEM
+{
+
+// A named argument of a method call.
+class CIMParamValue : public CIMBase
+{
+  public:
+    CIMParamValue();
+    explicit CIMParamValue(CIMNULL_t);
+    explicit CIMParamValue(const CIMName& name);
+    CIMParamValue(const CIMName& name, const CIMValue& value);
+
+    virtual void setNull();
+    String getName() const;
+    CIMParamValue& setName(const CIMName& name);
+    CIMValue getValue() const;
+    CIMParamValue& setValue(const CIMValue& value);
+    virtual String toString() const;
+    virtual String toMOF() const;
+
+    OW_SAFE_BOOL(!m_data.isNull())
+
+  private:
+    struct Data;
+    COWReference<Data> m_data;
+};
+
+} // namespace OpenWBEM
+
+#endif

@@ -1,0 +1,87 @@
+#ifndef OW_EXCEPTION_HPP_
+#define OW_EXCEPTION_HPP_
+
+#include "OW_config.h"
+#include <exception>
+#include <iosfwd>
+#include <memory>
+
+namespace OpenWBEM
+{
+
+// What all exceptions of the library share: where they were thrown (file and line), a message and numbers.
+// File and message are copied; copies of an exception share them.
+class Exception : public std::exception
+{
+  public:
+    virtual ~Exception() throw();
+
+    virtual const char* type() const;       // the class name
+    virtual const char* getMessage() const; // never 0; "" when there is none
+    const char* getFile() const;            // never 0; "" when there is none
+    int getLine() const;
+    int getErrorCode() const;                 // -1 when unknown
+    int getSubClassId() const;                // -1 when unknown
+    const Exception* getSubException() const; // the cause; 0 when there is none
+    virtual const char* what() const throw(); // getMessage(), through the virtual
+    virtual Exception* clone() const;
+
+  protected:
+    Exception(const char* file, int line, const char* msg, int errorCode = -1,
+              const Exception* otherException = 0, int subClassId = -1);
+    Exception(const Exception&);
+    Exception& operator=(const Exception&);
+
+    void swap(Exception&);
+    void setErrorCode(int errorCode);
+
+  private:
+    struct Texts;
+    std::shared_ptr<const Texts> m_texts;
+    int m_line;
+    int m_errorCode;
+    int m_subClassId;
+};
+
+// "file: line type: message", with [no file], [no line] (line 0) and [no message] for what is missing.
+std::ostream& operator<<(std::ostream&, const Exception&);
+
+} // namespace OpenWBEM
+
+#define OW_THROW(exceptionType, msg) throw exceptionType(__FILE__, __LINE__, (msg))
+#define OW_THROW_ERR(exceptionType, msg, errorCode)                                                          \
+    throw exceptionType(__FILE__, __LINE__, (msg), (errorCode))
+
+// Declares class NAMEException; OW_DEFINE_EXCEPTION(NAME) in one source file defines its members.
+#define OW_DECLARE_EXCEPTION(NAME)                                                                           \
+    class NAME##Exception : public ::OpenWBEM::Exception                                                     \
+    {                                                                                                        \
+      public:                                                                                                \
+        NAME##Exception(const char* file, int line, const char* msg, int errorCode = -1,                     \
+                        const ::OpenWBEM::Exception* otherException = 0, int subClassId = -1);               \
+        NAME##Exception(const NAME##Exception&);                                                             \
+        NAME##Exception& operator=(const NAME##Exception&);                                                  \
+        virtual ~NAME##Exception() throw();                                                                  \
+        virtual NAME##Exception* clone() const;                                                              \
+        virtual const char* type() const;                                                                    \
+    };
+
+#define OW_DEFINE_EXCEPTION(NAME)                                                                            \
+    NAME##Exception::NAME##Exception(const char* file, int line, const char* msg, int errorCode,             \
+                                     const ::OpenWBEM::Exception* otherException, int subClassId)            \
+        : ::OpenWBEM::Exception(file, line, msg, errorCode, otherException, subClassId)                      \
+    {                                                                                                        \
+    }                                                                                                        \
+    NAME##Exception::NAME##Exception(const NAME##Exception&) = default;                                      \
+    NAME##Exception& NAME##Exception::operator=(const NAME##Exception&) = default;                           \
+    NAME##Exception::~NAME##Exception() throw() {}                                                           \
+    NAME##Exception* NAME##Exception::clone() const                                                          \
+    {                                                                                                        \
+        return new NAME##Exception(*this);                                                                   \
+    }                                                                                                        \
+    const char* NAME##Exception::type() const                                                                \
+    {                                                                                                        \
+        return #NAME "Exception";                                                                            \
+    }
+
+#endif

@@ -1,0 +1,54 @@
+#ifndef OW_SHARED_LIBRARY_REFERENCE_HPP_
+#define OW_SHARED_LIBRARY_REFERENCE_HPP_
+
+#include "OW_SafeBool.hpp"
+#include "OW_SharedLibrary.hpp"
+
+namespace OpenWBEM
+{
+
+// An object (T is the reference to it) together with the library that holds its code: the object goes first,
+// the library after it.
+template <class T>
+class SharedLibraryReference
+{
+  public:
+    SharedLibraryReference() {}
+    SharedLibraryReference(SharedLibraryRef const& library, T const& object)
+        : m_library(library), m_object(object)
+    {
+    }
+    SharedLibraryReference(SharedLibraryRef const& library, typename T::element_type* object)
+        : m_library(library), m_object(object)
+    {
+    }
+    SharedLibraryReference(SharedLibraryReference const&) = default;
+    SharedLibraryReference& operator=(SharedLibraryReference const& other)
+    {
+        // Member by member would drop the old library while its object still lives.
+        SharedLibraryReference copy(other);
+        swap(copy);
+        return *this;
+    }
+    ~SharedLibraryReference() = default;
+
+    T operator->() const { return m_object; }
+    typename T::element_type& operator*() const { return *m_object; }
+    SharedLibraryRef getLibRef() const { return m_library; }
+    void setNull() { SharedLibraryReference().swap(*this); }
+    void swap(SharedLibraryReference& other)
+    {
+        m_library.swap(other.m_library);
+        m_object.swap(other.m_object);
+    }
+
+    OW_SAFE_BOOL(bool(m_object))
+
+  private:
+    SharedLibraryRef m_library; // declared first, hence destroyed last
+    T m_object;
+};
+
+} // namespace OpenWBEM
+
+#endif
