@@ -59,8 +59,6 @@ std::ostream& operator<<(std::ostream&, const Exception&);
       public:                                                                                                \
         NAME##Exception(const char* file, int line, const char* msg, int errorCode = -1,                     \
                         const ::OpenWBEM::Exception* otherException = 0, int subClassId = -1);               \
-        NAME##Exception(const NAME##Exception&);                                                             \
-        NAME##Exception& operator=(const NAME##Exception&);                                                  \
         virtual ~NAME##Exception() throw();                                                                  \
         virtual NAME##Exception* clone() const;                                                              \
         virtual const char* type() const;                                                                    \
@@ -72,8 +70,6 @@ std::ostream& operator<<(std::ostream&, const Exception&);
         : ::OpenWBEM::Exception(file, line, msg, errorCode, otherException, subClassId)                      \
     {                                                                                                        \
     }                                                                                                        \
-    NAME##Exception::NAME##Exception(const NAME##Exception&) = default;                                      \
-    NAME##Exception& NAME##Exception::operator=(const NAME##Exception&) = default;                           \
     NAME##Exception::~NAME##Exception() throw() {}                                                           \
     NAME##Exception* NAME##Exception::clone() const                                                          \
     {                                                                                                        \
