@@ -1,0 +1,121 @@
+#include "LANProvider.hpp"
+
+#include "Failure.hpp"
+#include "Logging.hpp"
+#include "MTUSize.hpp"
+
+#include <cstdio>
+
+using namespace OpenWBEM; // OW_PROVIDERFACTORY and the operations below are all about OpenWBEM's types
+
+// The library's static objects, constructed in this order when it is loaded and destroyed in the reverse order when it is
+// unloaded.
+IntrusiveReference<Logger> gLogger;
+
+namespace
+{
+
+constexpr const char* unit = "LANProvider.cpp";
+
+const String endpointClassName("ORX_LANEndpoint");
+const String settingClassName("ORX_LANServiceSetting");
+const String algServiceClassName("ORX_ALGService");
+
+/// What `Interface` (instance or method provider) of the sub-provider serves the class; null for an unknown class.
+template <typename Interface>
+Interface* subProviderOf(const String&)
+{
+    return nullptr;
+}
+
+} // namespace
+
+// Each operation refuses an unknown class from a line of its own, by which a report tells them apart.
+
+LANProvider::~LANProvider() = default;
+
+void LANProvider::initialize(const ProviderEnvironmentIFCRef& env)
+{
+    gLogger = env->getLogger();
+    for (const char* ifName : {"eth0", "eth1", "eth2"})
+        setMTUSize(ifName);
+}
+
+void LANProvider::cleanup() {}
+
+void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns, const String& className,
+                                    CIMObjectPathResultHandlerIFC& result, const CIMClass& cimClass)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(className);
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    // The marking service prints the setting's line too. Operators know the output so; it stays.
+    std::printf("%s", className.equals(endpointClassName) ? "endpoint enum instance name received\n"
+                                                    : "setting enum instance name received\n");
+    provider->enumInstanceNames(env, ns, className, result, cimClass);
+}
+
+void LANProvider::enumInstances(const ProviderEnvironmentIFCRef& env, const String& ns, const String& className,
+                                CIMInstanceResultHandlerIFC& result, WBEMFlags::ELocalOnlyFlag localOnly,
+                                WBEMFlags::EDeepFlag deep, WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
+                                WBEMFlags::EIncludeClassOriginFlag includeClassOrigin, const StringArray* propertyList,
+                                const CIMClass& requestedClass, const CIMClass& cimClass)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(className);
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    provider->enumInstances(env, ns, className, result, localOnly, deep, includeQualifiers, includeClassOrigin,
+                            propertyList, requestedClass, cimClass);
+}
+
+CIMInstance LANProvider::getInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                     const CIMObjectPath& instanceName, WBEMFlags::ELocalOnlyFlag localOnly,
+                                     WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
+                                     WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
+                                     const StringArray* propertyList, const CIMClass& cimClass)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(instanceName.getClassName());
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    return provider->getInstance(env, ns, instanceName, localOnly, includeQualifiers, includeClassOrigin, propertyList,
+                                 cimClass);
+}
+
+CIMObjectPath LANProvider::createInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                          const CIMInstance& cimInstance)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(cimInstance.getClassName());
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    return provider->createInstance(env, ns, cimInstance);
+}
+
+void LANProvider::deleteInstance(const ProviderEnvironmentIFCRef& env, const String& ns, const CIMObjectPath& cop)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(cop.getClassName());
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    provider->deleteInstance(env, ns, cop);
+}
+
+void LANProvider::modifyInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                 const CIMInstance& modifiedInstance, const CIMInstance& previousInstance,
+                                 WBEMFlags::EIncludeQualifiersFlag includeQualifiers, const StringArray* propertyList,
+                                 const CIMClass& theClass)
+{
+    auto* provider = subProviderOf<CppInstanceProviderIFC>(modifiedInstance.getClassName());
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    provider->modifyInstance(env, ns, modifiedInstance, previousInstance, includeQualifiers, propertyList, theClass);
+}
+
+CIMValue LANProvider::invokeMethod(const ProviderEnvironmentIFCRef& env, const String& ns, const CIMObjectPath& path,
+                                   const String& methodName, const CIMParamValueArray& in, CIMParamValueArray& out)
+{
+    auto* provider = subProviderOf<CppMethodProviderIFC>(path.getClassName());
+    if (!provider)
+        reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
+    return provider->invokeMethod(env, ns, path, methodName, in, out);
+}
+
+OW_PROVIDERFACTORY(LANProvider, LANProvider)

@@ -1,0 +1,102 @@
+# The lanes of ./test. Sourced from there, with the root of the project as working directory.
+# A lane is a function lane_NAME; what it prints goes to build/logs/NAME.log and is shown only when it fails.
+# shellcheck shell=bash
+
+jobs=$(nproc)
+logs=build/logs
+results=build/results
+failed_lanes=()
+started=$SECONDS
+
+begin_results() {
+    rm -rf "$logs" "$results"
+    mkdir -p "$logs" "$results"
+}
+
+# run_lane NAME [ARGUMENT...]: runs one lane, says how it went, goes on after a failure.
+run_lane() {
+    local name=$1 begun=$SECONDS
+    printf '== %-9s ' "$name"
+    # Not as a condition: there a failing command would not end the lane.
+    set +e
+    (set -e; "lane_$@") >"$logs/$name.log" 2>&1 </dev/null
+    local status=$?
+    set -e
+    if ((status == 0)); then
+        printf 'ok, %d s\n' $((SECONDS - begun))
+    else
+        printf 'FAILED after %d s; the end of %s:\n' $((SECONDS - begun)) "$logs/$name.log"
+        tail -n 60 "$logs/$name.log" | sed 's/^/   /'
+        failed_lanes+=("$name")
+    fi
+    summary_of "$name"
+}
+
+# Figures that a lane wants to be seen even when it succeeds.
+note() {
+    mkdir -p "$results"
+    printf '   %s\n' "$*" >>"$results/${FUNCNAME[1]#lane_}.note"
+}
+
+summary_of() {
+    if [[ -e $results/$1.note ]]; then
+        cat "$results/$1.note"
+    fi
+}
+
+# The closing line; the exit status says the same.
+finish() {
+    local counts
+    counts=$(/usr/bin/python3 tools/count_results.py "$results")
+    printf '== %d s in all\n' $((SECONDS - started))
+    if ((${#failed_lanes[@]})); then
+        printf '== failed: %s\n' "${failed_lanes[*]}"
+    fi
+    printf '%s\n' "$counts"
+    ((${#failed_lanes[@]} == 0)) && [[ $counts == *" passed, 0 failed"* && $counts != "0 passed"* ]]
+}
+
+build() {
+    local preset=$1
+    shift
+    cmake --preset "$preset" && cmake --build "build/$preset" -j "$jobs" "$@"
+}
+
+# run_unit_tests PRESET LANE: the programs registered with CTest; their results are counted by finish.
+run_unit_tests() {
+    GTEST_OUTPUT="xml:$PWD/$results/$2/" GTEST_BRIEF=1 \
+        ctest --test-dir "build/$1" -j "$jobs" --output-on-failure --no-tests=error
+}
+
+sources() {
+    git ls-files -co --exclude-standard "$@" | while read -r file; do [[ -e $file ]] && echo "$file"; done
+}
+
+lane_style() {
+    local files
+    mapfile -t files < <(sources '*.cpp' '*.hpp' '*.h' '*.c' | grep -v '^tests/data/')
+    clang-format-14 --dry-run --Werror "${files[@]}"
+    build dev
+    mapfile -t files < <(sources 'src/*.cpp' 'standins/platform/*.cpp' 'standins/cimom/*.cpp' 'tests/support/*.cpp')
+    printf '%s\0' "${files[@]}" | xargs -0 -P "$jobs" -n 1 clang-tidy-14 -p build/dev --quiet
+}
+
+lane_unit() {
+    build dev
+    run_unit_tests dev unit
+}
+
+lane_asan() {
+    build asan
+    run_unit_tests asan asan
+}
+
+lane_system() {
+    build dev
+    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/system.xml" tests/system
+}
+
+lane_target() {
+    build powerpc
+    run_unit_tests powerpc target
+}
