@@ -4,12 +4,16 @@
 #include "Logging.hpp"
 #include "MTUSize.hpp"
 
+#include <OW_CIM.hpp>
+#include <OW_CIMException.hpp>
+#include <OW_CIMParamValue.hpp>
+
 #include <cstdio>
 
 using namespace OpenWBEM; // OW_PROVIDERFACTORY and the operations below are all about OpenWBEM's types
 
-// The library's static objects, constructed in this order when it is loaded and destroyed in the reverse order when it is
-// unloaded.
+// The library's static objects, constructed in this order when it is loaded and destroyed in the reverse
+// order when it is unloaded.
 IntrusiveReference<Logger> gLogger;
 
 namespace
@@ -21,7 +25,8 @@ const String endpointClassName("ORX_LANEndpoint");
 const String settingClassName("ORX_LANServiceSetting");
 const String algServiceClassName("ORX_ALGService");
 
-/// What `Interface` (instance or method provider) of the sub-provider serves the class; null for an unknown class.
+/// What `Interface` (instance or method provider) of the sub-provider serves the class; null for an unknown
+/// class.
 template <typename Interface>
 Interface* subProviderOf(const String&)
 {
@@ -43,29 +48,32 @@ void LANProvider::initialize(const ProviderEnvironmentIFCRef& env)
 
 void LANProvider::cleanup() {}
 
-void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns, const String& className,
-                                    CIMObjectPathResultHandlerIFC& result, const CIMClass& cimClass)
+void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                    const String& className, CIMObjectPathResultHandlerIFC& result,
+                                    const CIMClass& cimClass)
 {
     auto* provider = subProviderOf<CppInstanceProviderIFC>(className);
     if (!provider)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
     // The marking service prints the setting's line too. Operators know the output so; it stays.
     std::printf("%s", className.equals(endpointClassName) ? "endpoint enum instance name received\n"
-                                                    : "setting enum instance name received\n");
+                                                          : "setting enum instance name received\n");
     provider->enumInstanceNames(env, ns, className, result, cimClass);
 }
 
-void LANProvider::enumInstances(const ProviderEnvironmentIFCRef& env, const String& ns, const String& className,
-                                CIMInstanceResultHandlerIFC& result, WBEMFlags::ELocalOnlyFlag localOnly,
-                                WBEMFlags::EDeepFlag deep, WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
-                                WBEMFlags::EIncludeClassOriginFlag includeClassOrigin, const StringArray* propertyList,
-                                const CIMClass& requestedClass, const CIMClass& cimClass)
+void LANProvider::enumInstances(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                const String& className, CIMInstanceResultHandlerIFC& result,
+                                WBEMFlags::ELocalOnlyFlag localOnly, WBEMFlags::EDeepFlag deep,
+                                WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
+                                WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
+                                const StringArray* propertyList, const CIMClass& requestedClass,
+                                const CIMClass& cimClass)
 {
     auto* provider = subProviderOf<CppInstanceProviderIFC>(className);
     if (!provider)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
-    provider->enumInstances(env, ns, className, result, localOnly, deep, includeQualifiers, includeClassOrigin,
-                            propertyList, requestedClass, cimClass);
+    provider->enumInstances(env, ns, className, result, localOnly, deep, includeQualifiers,
+                            includeClassOrigin, propertyList, requestedClass, cimClass);
 }
 
 CIMInstance LANProvider::getInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
@@ -77,8 +85,8 @@ CIMInstance LANProvider::getInstance(const ProviderEnvironmentIFCRef& env, const
     auto* provider = subProviderOf<CppInstanceProviderIFC>(instanceName.getClassName());
     if (!provider)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
-    return provider->getInstance(env, ns, instanceName, localOnly, includeQualifiers, includeClassOrigin, propertyList,
-                                 cimClass);
+    return provider->getInstance(env, ns, instanceName, localOnly, includeQualifiers, includeClassOrigin,
+                                 propertyList, cimClass);
 }
 
 CIMObjectPath LANProvider::createInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
@@ -90,7 +98,8 @@ CIMObjectPath LANProvider::createInstance(const ProviderEnvironmentIFCRef& env, 
     return provider->createInstance(env, ns, cimInstance);
 }
 
-void LANProvider::deleteInstance(const ProviderEnvironmentIFCRef& env, const String& ns, const CIMObjectPath& cop)
+void LANProvider::deleteInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                 const CIMObjectPath& cop)
 {
     auto* provider = subProviderOf<CppInstanceProviderIFC>(cop.getClassName());
     if (!provider)
@@ -100,17 +109,19 @@ void LANProvider::deleteInstance(const ProviderEnvironmentIFCRef& env, const Str
 
 void LANProvider::modifyInstance(const ProviderEnvironmentIFCRef& env, const String& ns,
                                  const CIMInstance& modifiedInstance, const CIMInstance& previousInstance,
-                                 WBEMFlags::EIncludeQualifiersFlag includeQualifiers, const StringArray* propertyList,
-                                 const CIMClass& theClass)
+                                 WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
+                                 const StringArray* propertyList, const CIMClass& theClass)
 {
     auto* provider = subProviderOf<CppInstanceProviderIFC>(modifiedInstance.getClassName());
     if (!provider)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
-    provider->modifyInstance(env, ns, modifiedInstance, previousInstance, includeQualifiers, propertyList, theClass);
+    provider->modifyInstance(env, ns, modifiedInstance, previousInstance, includeQualifiers, propertyList,
+                             theClass);
 }
 
-CIMValue LANProvider::invokeMethod(const ProviderEnvironmentIFCRef& env, const String& ns, const CIMObjectPath& path,
-                                   const String& methodName, const CIMParamValueArray& in, CIMParamValueArray& out)
+CIMValue LANProvider::invokeMethod(const ProviderEnvironmentIFCRef& env, const String& ns,
+                                   const CIMObjectPath& path, const String& methodName,
+                                   const CIMParamValueArray& in, CIMParamValueArray& out)
 {
     auto* provider = subProviderOf<CppMethodProviderIFC>(path.getClassName());
     if (!provider)

@@ -6,25 +6,26 @@
 #include <OW_CppInstanceProviderIFC.hpp>
 #include <OW_CppMethodProviderIFC.hpp>
 
-/// The one provider that the object manager sees. It does no CIM work of its own: the class name of a request, compared
-/// exactly and case-sensitively, selects the sub-provider that the call is forwarded to, unchanged; results and
-/// exceptions pass through untouched. A class that no sub-provider serves is refused with CIM_ERR_INVALID_CLASS and no
-/// text.
+/// The one provider that the object manager sees. It does no CIM work of its own: the class name of a
+/// request, compared exactly and case-sensitively, selects the sub-provider that the call is forwarded to,
+/// unchanged; results and exceptions pass through untouched. A class that no sub-provider serves is refused
+/// with CIM_ERR_INVALID_CLASS and no text.
 ///
-/// The sub-providers are static objects of the library: they outlive every LANProvider, which itself holds no state and
-/// needs no lock.
+/// The sub-providers are static objects of the library: they outlive every LANProvider, which itself holds no
+/// state and needs no lock.
 class LANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppInstanceProviderIFC
 {
   public:
     ~LANProvider() override;
 
-    OpenWBEM::CIMValue invokeMethod(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
-                                    const OpenWBEM::CIMObjectPath& path, const OpenWBEM::String& methodName,
+    OpenWBEM::CIMValue invokeMethod(const OpenWBEM::ProviderEnvironmentIFCRef& env,
+                                    const OpenWBEM::String& ns, const OpenWBEM::CIMObjectPath& path,
+                                    const OpenWBEM::String& methodName,
                                     const OpenWBEM::CIMParamValueArray& in,
                                     OpenWBEM::CIMParamValueArray& out) override;
 
-    /// Takes gLogger from the environment, initialises the sub-providers and applies the stored MTU to eth0, eth1 and
-    /// eth2. Completes even where an interface is missing. May be called again.
+    /// Takes gLogger from the environment, initialises the sub-providers and applies the stored MTU to eth0,
+    /// eth1 and eth2. Completes even where an interface is missing. May be called again.
     void initialize(const OpenWBEM::ProviderEnvironmentIFCRef& env) override;
 
     void enumInstanceNames(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
@@ -39,27 +40,30 @@ class LANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppI
                        const OpenWBEM::StringArray* propertyList, const OpenWBEM::CIMClass& requestedClass,
                        const OpenWBEM::CIMClass& cimClass) override;
 
-    OpenWBEM::CIMInstance getInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
-                                      const OpenWBEM::CIMObjectPath& instanceName,
+    OpenWBEM::CIMInstance getInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env,
+                                      const OpenWBEM::String& ns, const OpenWBEM::CIMObjectPath& instanceName,
                                       OpenWBEM::WBEMFlags::ELocalOnlyFlag localOnly,
                                       OpenWBEM::WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
                                       OpenWBEM::WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
                                       const OpenWBEM::StringArray* propertyList,
                                       const OpenWBEM::CIMClass& cimClass) override;
 
-    OpenWBEM::CIMObjectPath createInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
+    OpenWBEM::CIMObjectPath createInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env,
+                                           const OpenWBEM::String& ns,
                                            const OpenWBEM::CIMInstance& cimInstance) override;
 
     void deleteInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                         const OpenWBEM::CIMObjectPath& cop) override;
 
     void modifyInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
-                        const OpenWBEM::CIMInstance& modifiedInstance, const OpenWBEM::CIMInstance& previousInstance,
+                        const OpenWBEM::CIMInstance& modifiedInstance,
+                        const OpenWBEM::CIMInstance& previousInstance,
                         OpenWBEM::WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
-                        const OpenWBEM::StringArray* propertyList, const OpenWBEM::CIMClass& theClass) override;
+                        const OpenWBEM::StringArray* propertyList,
+                        const OpenWBEM::CIMClass& theClass) override;
 
-    /// Calls cleanup() of the three sub-providers. No code of the library calls it; it stays for code that embeds the
-    /// provider.
+    /// Calls cleanup() of the three sub-providers. No code of the library calls it; it stays for code that
+    /// embeds the provider.
     void cleanup();
 };
 

@@ -1,9 +1,10 @@
 #ifndef KV_PROVIDER_MTUSIZE_HPP
 #define KV_PROVIDER_MTUSIZE_HPP
 
-/// Brings the MTU of one interface in line with the registry at start-up: a stored "MTUSize" is applied to the interface,
-/// whatever MTU it had; where none is stored, the interface's own is stored and set again unchanged. Throws nothing and
-/// reports nothing but a socket that cannot be opened, through perror. A registry that fails leaves the interface alone.
+/// Brings the MTU of one interface in line with the registry at start-up: a stored "MTUSize" is applied to
+/// the interface, whatever MTU it had; where none is stored, the interface's own is stored and set again
+/// unchanged. Throws nothing and reports nothing but a socket that cannot be opened, through perror. A
+/// registry that fails leaves the interface alone.
 void setMTUSize(const char* ifName);
 
 #endif

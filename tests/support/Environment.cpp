@@ -2,8 +2,10 @@
 
 #include "Logging.hpp"
 
+#include <OW_CIMOMHandleIFC.hpp>
 #include <OW_LogMessage.hpp>
 #include <OW_OperationContext.hpp>
+#include <OW_RepositoryIFC.hpp>
 #include <OW_Types.hpp>
 
 namespace fakes
