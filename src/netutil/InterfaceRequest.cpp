@@ -19,29 +19,29 @@ int openDatagramSocket()
 
 } // namespace
 
-InterfaceRequest::InterfaceRequest(const char* ifName) : socket_(openDatagramSocket()), request_()
+InterfaceRequest::InterfaceRequest(const char* ifName) : m_socket(openDatagramSocket()), m_request()
 {
-    std::strncpy(request_.ifr_name, ifName, IFNAMSIZ - 1);
+    std::strncpy(m_request.ifr_name, ifName, IFNAMSIZ - 1);
 }
 
 InterfaceRequest::~InterfaceRequest()
 {
     if (isOpen())
-        close(socket_);
+        close(m_socket);
 }
 
 bool InterfaceRequest::getMtu(int& mtu)
 {
-    request_.ifr_mtu = 0;
+    m_request.ifr_mtu = 0;
     if (!issue(SIOCGIFMTU))
         return false;
-    mtu = request_.ifr_mtu;
+    mtu = m_request.ifr_mtu;
     return true;
 }
 
 bool InterfaceRequest::setMtu(int mtu)
 {
-    request_.ifr_mtu = mtu;
+    m_request.ifr_mtu = mtu;
     return issue(SIOCSIFMTU);
 }
 
@@ -49,7 +49,7 @@ bool InterfaceRequest::getFlags(short& flags)
 {
     if (!issue(SIOCGIFFLAGS))
         return false;
-    flags = request_.ifr_flags;
+    flags = m_request.ifr_flags;
     return true;
 }
 
@@ -57,20 +57,20 @@ bool InterfaceRequest::getHardwareAddress(HardwareAddress& address)
 {
     if (!issue(SIOCGIFHWADDR))
         return false;
-    std::memcpy(address.data(), request_.ifr_hwaddr.sa_data, address.size());
+    std::memcpy(address.data(), m_request.ifr_hwaddr.sa_data, address.size());
     return true;
 }
 
 bool InterfaceRequest::mii(unsigned long request, mii_ioctl_data& mii)
 {
-    static_assert(sizeof(mii_ioctl_data) <= sizeof(request_.ifr_ifru), "an MII request fits into the union");
-    std::memcpy(&request_.ifr_ifru, &mii, sizeof(mii));
+    static_assert(sizeof(mii_ioctl_data) <= sizeof(m_request.ifr_ifru), "an MII request fits into the union");
+    std::memcpy(&m_request.ifr_ifru, &mii, sizeof(mii));
     const bool done = issue(request);
-    std::memcpy(&mii, &request_.ifr_ifru, sizeof(mii));
+    std::memcpy(&mii, &m_request.ifr_ifru, sizeof(mii));
     return done;
 }
 
 bool InterfaceRequest::issue(unsigned long request)
 {
-    return ioctl(socket_, request, &request_) >= 0;
+    return ioctl(m_socket, request, &m_request) >= 0;
 }

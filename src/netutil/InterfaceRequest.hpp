@@ -21,7 +21,7 @@ class InterfaceRequest
     InterfaceRequest& operator=(const InterfaceRequest&) = delete;
 
     /// Whether there is a socket; errno says why not. Without one, nothing else may be called.
-    bool isOpen() const { return socket_ >= 0; }
+    bool isOpen() const { return m_socket >= 0; }
 
     /// Reads the MTU in bytes (SIOCGIFMTU). False when the kernel refuses; `mtu` is then left alone.
     bool getMtu(int& mtu);
@@ -47,8 +47,8 @@ class InterfaceRequest
   private:
     bool issue(unsigned long request);
 
-    int socket_;
-    ifreq request_;
+    int m_socket;
+    ifreq m_request;
 };
 
 #endif

@@ -36,13 +36,14 @@ bool readRegisters(InterfaceRequest& request, MiiRegisters& registers)
         readRegister = SIOCDEVPRIVATE + 1;
     }
     const std::uint16_t phy = mii.phy_id;
-    for (std::uint16_t number = 0; number < registers.size(); ++number) {
+    std::uint16_t number = 0;
+    for (std::uint16_t& value : registers) {
         mii.phy_id = phy;
-        mii.reg_num = number;
+        mii.reg_num = number++;
         // Intended: a register that cannot be read takes what the request still holds, mostly the one before
         // it.
         request.mii(readRegister, mii);
-        registers[number] = mii.val_out;
+        value = mii.val_out;
     }
     return true;
 }

@@ -1,0 +1,40 @@
+#include "EmsIPChangePacketHandler.hpp"
+
+#include <syslog.h>
+
+#include <cstddef>
+
+namespace
+{
+
+constexpr std::size_t packetTypeOffset = 0;
+constexpr std::size_t requestCodeOffset = 6;
+
+constexpr unsigned int packetTypeResponse = 1;
+constexpr unsigned int packetTypeEvent = 2;
+constexpr unsigned int requestCodeIPChange = 1;
+
+unsigned int bigEndian(const unsigned char* first, std::size_t width)
+{
+    unsigned int value = 0;
+    for (const unsigned char* byte = first; byte != first + width; ++byte)
+        value = value << 8 | *byte;
+    return value;
+}
+
+} // namespace
+
+int EmsIPChangePacketHandler(sEmsPacket* packet)
+{
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(packet);
+    const unsigned int type = bigEndian(bytes + packetTypeOffset, 2);
+    // "PACKRT" is intended: operators' tools look for the texts as they are.
+    if (type == packetTypeEvent)
+        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: EMS_PACKRT_TYPE_EVENT");
+    if (type == packetTypeResponse) {
+        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: EMS_PACKRT_TYPE_RESPONSE");
+        if (bigEndian(bytes + requestCodeOffset, 4) == requestCodeIPChange)
+            syslog(LOG_NOTICE, "ORX_LANEndpointAPI: EMS_IP_CHANGE_REQUEST");
+    }
+    return 0;
+}

@@ -1,0 +1,39 @@
+#include "ORX_LANEndpointInstanceManager.hpp"
+
+#include "Logging.hpp"
+
+#include <os_layer.h>
+
+#include <algorithm>
+
+namespace
+{
+
+// Intended: the code is not appended to the text but cuts off as many of its first characters, none when it
+// is negative. Operators know these lines as they are.
+const char* processIdFailure(int code)
+{
+    static constexpr char text[] = "osGetProcessId() returns ";
+    constexpr int length = sizeof text - 1;
+    return text + std::clamp(code, 0, length);
+}
+
+} // namespace
+
+void ORX_LANEndpointInstanceManager::init()
+{
+    m_count = 3;
+    m_current = -1;
+    int processId = 0;
+    const int code = osGetProcessId(&processId);
+    if (code != 0)
+        reporting::logError(processIdFailure(code));
+}
+
+int ORX_LANEndpointInstanceManager::next()
+{
+    ++m_current;
+    if (m_current >= m_count)
+        m_current = -1;
+    return m_current;
+}

@@ -1,0 +1,21 @@
+#ifndef KV_LANENDPOINT_ORX_LANENDPOINTINSTANCEMANAGER_HPP
+#define KV_LANENDPOINT_ORX_LANENDPOINTINSTANCEMANAGER_HPP
+
+/// Yields the numbers of the server's Ethernet interfaces, over and over. There is one cursor for all
+/// enumerations, without a lock: the object manager runs one enumeration of the class at a time, and one that
+/// was abandoned goes on where it stopped.
+class ORX_LANEndpointInstanceManager
+{
+  public:
+    /// Begins anew. Logs an error when the process id cannot be had; nothing else depends on it.
+    void init();
+
+    /// The next interface number, 0 to 2, and -1 after the last one; then 0 again. Before init always -1.
+    int next();
+
+  private:
+    int m_count = 0;
+    int m_current = -1;
+};
+
+#endif
