@@ -1,0 +1,199 @@
+"""The disposable server touches nothing outside and leaves nothing behind, whoever starts it and however it ends."""
+import os
+import pathlib
+import shutil
+import signal
+import socket
+import subprocess
+import tempfile
+import time
+
+import pytest
+
+from server import RUN, Server
+
+STARTERS = ["this user", "an ordinary user"] if os.geteuid() == 0 else ["this user"]
+# A name that only processes of these tests carry in their environment.
+MARK = f"KV_SERVER_TEST={os.getpid()}"
+
+
+@pytest.fixture(params=STARTERS)
+def run(request):
+    """The command that starts a server, as root's tests do it and as somebody without any permission does."""
+    if request.param == "this user":
+        yield [str(RUN)]
+        return
+    # An ordinary user may not be let into the directory of the checkout.
+    with tempfile.TemporaryDirectory() as place:
+        os.chmod(place, 0o755)
+        shutil.copytree(RUN.parent, f"{place}/standins/server")
+        yield ["setpriv", "--reuid", "nobody", "--regid", "nogroup", "--clear-groups", f"{place}/standins/server/run"]
+
+
+def marked_processes():
+    found = []
+    for environ in pathlib.Path("/proc").glob("[0-9]*/environ"):
+        try:
+            variables = environ.read_bytes().split(b"\0")
+        except OSError:
+            continue
+        if MARK.encode() in variables:
+            found.append(environ.parent.name)
+    return found
+
+
+def machine_state():
+    """Everything that a server could leave behind on the machine."""
+    return {
+        "mounts": pathlib.Path("/proc/mounts").read_text(),
+        "interfaces": sorted(os.listdir("/sys/class/net")),
+        "files": {place: sorted(os.listdir(place)) for place in ("/", "/run", "/etc", RUN.parent)},
+        "host name": socket.gethostname(),
+        "resolver": pathlib.Path("/etc/resolv.conf").read_bytes(),
+    }
+
+
+def start(run, command, temporary):
+    name, value = MARK.split("=")
+    environment = dict(os.environ, TMPDIR=str(temporary), **{name: value})
+    return subprocess.Popen([*run, "/bin/bash", "-c", command], stdout=subprocess.PIPE, text=True, env=environment)
+
+
+def wait_until_gone(seconds=5.0):
+    deadline = time.monotonic() + seconds
+    while marked_processes() and time.monotonic() < deadline:
+        time.sleep(0.02)
+    assert marked_processes() == []
+
+
+def test_everybody_gets_a_whole_server(run):
+    with Server(run) as server:
+        assert server.sh("id -u") == "0\n"
+        assert "10.0.0.5/24" in server.sh("ip -4 address show dev eth1")
+        server.sh("/kv/bin/updateFile ifcfg eth1 IPADDR 10.0.0.6; ifdown eth1; ifup eth1")
+        assert "10.0.0.6/24" in server.sh("ip -4 address show dev eth1")
+        server.sh("/kv/bin/dhcp_ippaddr.sh eth2")
+        assert "172.16.2.1/24" not in server.sh("ip -4 address show dev eth2")
+
+
+def test_the_exit_status_is_the_commands():
+    assert subprocess.run([RUN, "/bin/bash", "-c", "exit 9"], check=False).returncode == 9
+
+
+def test_a_command_that_does_not_exist_is_told():
+    done = subprocess.run([RUN, "no-such-command"], stderr=subprocess.PIPE, text=True, check=False)
+    assert done.returncode == 127
+    assert "no-such-command: command not found" in done.stderr
+
+
+def test_the_command_has_its_own_streams_and_directory(tmp_path):
+    done = subprocess.run([RUN, "/bin/bash", "-c", "cat; pwd; echo problem >&2"], input="text\n", cwd=tmp_path,
+                          capture_output=True, text=True, check=False)
+    assert (done.stdout, done.stderr) == (f"text\n{tmp_path}\n", "problem\n")
+
+
+def test_the_checkout_is_where_it_is_on_the_machine():
+    done = subprocess.run([RUN, "test", "-x", RUN], check=False)
+    assert done.returncode == 0
+
+
+def test_nothing_is_left_after_the_command_has_ended(run, tmp_path):
+    before = machine_state()
+    left_running = "sleep 600 & setsid sleep 600 & /kv/bin/dhcp_ippaddr.sh eth1; touch /etc/new /run/new /kv/new"
+    server = start(run, left_running, tmp_path)
+    assert server.wait(timeout=30) == 0
+    assert marked_processes() == []
+    assert machine_state() == before
+    assert os.listdir(tmp_path) == []
+
+
+@pytest.mark.parametrize("number, status", [(signal.SIGINT, 130), (signal.SIGTERM, 143), (signal.SIGHUP, 129)])
+def test_a_signal_to_the_runner_ends_everything_before_it_returns(run, tmp_path, number, status):
+    before = machine_state()
+    server = start(run, "setsid sleep 600 & echo ready; sleep 600", tmp_path)
+    assert server.stdout.readline() == "ready\n"
+    server.send_signal(number)
+    assert server.wait(timeout=30) == status
+    assert marked_processes() == []
+    assert machine_state() == before
+    assert os.listdir(tmp_path) == []
+
+
+def test_killing_the_runner_outright_ends_everything(run, tmp_path):
+    before = machine_state()
+    server = start(run, "setsid sleep 600 & echo ready; sleep 600", tmp_path)
+    assert server.stdout.readline() == "ready\n"
+    assert len(marked_processes()) > 5
+    server.kill()
+    server.wait(timeout=30)
+    wait_until_gone()
+    assert machine_state() == before
+    assert os.listdir(tmp_path) == []
+
+
+def test_a_server_cannot_change_the_machines_system():
+    with Server() as server:
+        for place in ("/usr", "/var", "/opt"):
+            assert "Read-only file system" in server.run(f"touch {place}/new").err
+        server.sh("hostname changed; echo changed >/etc/passwd; rm /etc/resolv.conf")
+        assert socket.gethostname() != "changed"
+        assert pathlib.Path("/etc/passwd").read_text() != "changed\n"
+        assert pathlib.Path("/etc/resolv.conf").exists()
+
+
+def test_two_servers_do_not_see_each_other():
+    with Server() as first, Server() as second:
+        first.sh("/kv/bin/updatehosts ipaddress 10.0.0.77; ip link set eth1 mtu 1300; echo trace >$KV_STATE_DIR/trace")
+        assert "10.0.0.5 pbx.site.example pbx" in second.read("/etc/hosts").splitlines()
+        assert "mtu 1500" in second.sh("ip link show dev eth1")
+        assert second.run("test -e $KV_STATE_DIR/trace").status == 1
+
+
+def test_a_server_runs_on_a_server():
+    done = subprocess.run([RUN, RUN, "hostname"], stdout=subprocess.PIPE, text=True, check=False)
+    assert (done.returncode, done.stdout) == (0, "pbx\n")
+
+
+def test_a_state_directory_of_the_caller_stays(tmp_path):
+    environment = dict(os.environ, KV_STATE_DIR=str(tmp_path))
+    with Server(environment=environment) as server:
+        server.sh("echo kept >$KV_STATE_DIR/events.log")
+    assert (tmp_path / "events.log").read_text() == "kept\n"
+
+
+def test_a_published_port_reaches_the_server_from_this_machine():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        port = probe.getsockname()[1]
+    with Server(options=("--publish", str(port))) as server:
+        server.sh(f"busybox httpd -p 127.0.0.1:{port} -h /kv/etc")
+        with socket.create_connection(("127.0.0.1", port), timeout=5) as connection:
+            connection.sendall(b"GET /kv_netfilter.cfg HTTP/1.0\r\n\r\n")
+            assert b"kv_netfilter_icmp   0\n" in connection.makefile("rb").read()
+    with pytest.raises(ConnectionRefusedError):
+        socket.create_connection(("127.0.0.1", port), timeout=5)
+
+
+def test_a_port_that_is_taken_cannot_be_published():
+    with socket.socket() as taken:
+        taken.bind(("127.0.0.1", 0))
+        taken.listen()
+        port = taken.getsockname()[1]
+        done = subprocess.run([RUN, "--publish", str(port), "true"], stderr=subprocess.PIPE, text=True, check=False)
+    assert done.returncode == 1
+    assert done.stderr.endswith(f"server: port {port} cannot be published\n")
+
+
+def test_a_refused_namespace_is_named_and_has_its_own_exit_status():
+    refuse = "echo 0 >/proc/sys/user/max_net_namespaces; exec \"$0\" true"
+    done = subprocess.run(["unshare", "--user", "--map-root-user", "/bin/bash", "-c", refuse, RUN],
+                          stderr=subprocess.PIPE, text=True, check=False)
+    assert done.returncode == 77
+    assert done.stderr.startswith("server: missing permission: this machine does not let root create a net namespace\n")
+
+
+@pytest.mark.parametrize("arguments", [[], ["--publish", "http", "true"], ["--unknown", "true"]])
+def test_a_wrong_command_line_shows_the_usage(arguments):
+    done = subprocess.run([RUN, *arguments], stderr=subprocess.PIPE, text=True, check=False)
+    assert done.returncode == 2
+    assert done.stderr.startswith("usage: run [--publish PORT] COMMAND [ARGUMENT...]\n")
