@@ -9,8 +9,8 @@
 namespace
 {
 
-constexpr std::size_t LINE_BUFFER = 1024;
-constexpr int LINE_LIMIT = 1023; ///< for fgets: 1022 characters and the NUL; a longer line arrives in pieces
+constexpr std::size_t lineBuffer = 1024;
+constexpr int lineLimit = 1023; ///< for fgets: 1022 characters and the NUL; a longer line arrives in pieces
 
 struct Entry {
     const char* key;
@@ -37,16 +37,16 @@ bool isComment(const char* line)
 } // namespace
 
 CCOrxConfig::CCOrxConfig(const char* path, std::int32_t style)
-    : list_(std::make_unique<Entries>()), style_(style)
+    : m_list(std::make_unique<Entries>()), m_style(style)
 {
     const std::size_t length = std::strlen(path);
-    if (length >= sizeof path_)
+    if (length >= sizeof m_path)
         return;
-    stream_.reset(std::fopen(path, "re"));
-    if (!stream_)
+    m_stream.reset(std::fopen(path, "re"));
+    if (!m_stream)
         return;
     readEntries();
-    std::memcpy(path_, path, length + 1);
+    std::memcpy(m_path, path, length + 1);
     Close();
 }
 
@@ -57,10 +57,10 @@ CCOrxConfig::~CCOrxConfig()
 
 void CCOrxConfig::readEntries()
 {
-    const char* separators = style_ == EqualsSeparated ? "=\t\r\n" : " \t\r\n";
-    bool nameserverSeen = style_ != BlankSeparated; // the other styles know no name servers
-    std::array<char, LINE_BUFFER> line;
-    while (std::fgets(line.data(), LINE_LIMIT, stream_.get())) {
+    const char* separators = m_style == EqualsSeparated ? "=\t\r\n" : " \t\r\n";
+    bool nameserverSeen = m_style != BlankSeparated; // the other styles know no name servers
+    std::array<char, lineBuffer> line;
+    while (std::fgets(line.data(), lineLimit, m_stream.get())) {
         if (isComment(line.data()))
             continue;
         std::optional<Entry> entry = split(line.data(), separators);
@@ -70,26 +70,26 @@ void CCOrxConfig::readEntries()
             nameserverSeen = true;
             entry->key = faketoken;
         }
-        list_->Insert(CCOrxConfigObj(entry->value), CCOrxConfigObj(entry->key));
+        m_list->Insert(CCOrxConfigObj(entry->value), CCOrxConfigObj(entry->key));
     }
 }
 
 void CCOrxConfig::Close()
 {
-    stream_.reset();
+    m_stream.reset();
 }
 
 void CCOrxConfig::Commit()
 {
     Close();
-    if (path_[0] == '\0')
+    if (m_path[0] == '\0')
         return;
-    const std::string backup = std::string(path_) + ".0";
+    const std::string backup = std::string(m_path) + ".0";
     // Without a backup the file is overwritten in place: a change matters more than the way back.
     static_cast<void>(std::remove(backup.c_str()));
-    static_cast<void>(std::rename(path_, backup.c_str()));
-    stream_.reset(std::fopen(path_, "we"));
-    if (!stream_)
+    static_cast<void>(std::rename(m_path, backup.c_str()));
+    m_stream.reset(std::fopen(m_path, "we"));
+    if (!m_stream)
         return;
     writeEntries();
     Close();
@@ -97,15 +97,15 @@ void CCOrxConfig::Commit()
 
 void CCOrxConfig::writeEntries()
 {
-    std::vector<CCOrxConfigObj> keys(static_cast<std::size_t>(list_->GetCount()));
-    list_->GetKeys(keys.data(), list_->GetCount());
-    const char* separator = style_ == BlankSeparated ? "   " : "=";
+    std::vector<CCOrxConfigObj> keys(static_cast<std::size_t>(m_list->GetCount()));
+    m_list->GetKeys(keys.data(), m_list->GetCount());
+    const char* separator = m_style == BlankSeparated ? "   " : "=";
     for (const CCOrxConfigObj& key : keys) {
         // Intended: the value is looked up by key, so all entries with one key get the value of the first.
         CCOrxConfigObj value;
-        list_->Find(value, key);
-        const bool firstNameserver = style_ == BlankSeparated && key.text() == faketoken;
-        std::fprintf(stream_.get(), "%s%s%s\n", firstNameserver ? specialtoken : key.text().c_str(),
+        m_list->Find(value, key);
+        const bool firstNameserver = m_style == BlankSeparated && key.text() == faketoken;
+        std::fprintf(m_stream.get(), "%s%s%s\n", firstNameserver ? specialtoken : key.text().c_str(),
                      separator, value.text().c_str());
     }
 }
@@ -119,7 +119,7 @@ void CCOrxConfig::GetStrValue(const char* key, char* out) const
 std::string CCOrxConfig::GetStrValue(const char* key) const
 {
     CCOrxConfigObj value;
-    list_->Find(value, CCOrxConfigObj(key));
+    m_list->Find(value, CCOrxConfigObj(key));
     return value.text();
 }
 
@@ -137,16 +137,16 @@ void CCOrxConfig::SetValue(const char* key, const char* value)
 {
     const CCOrxConfigObj newKey(key);
     const CCOrxConfigObj newValue(value);
-    if (!list_->Modify(newValue, newKey))
-        list_->Insert(newValue, newKey);
+    if (!m_list->Modify(newValue, newKey))
+        m_list->Insert(newValue, newKey);
 }
 
 void CCOrxConfig::SetValue(const char* key, int value)
 {
-    list_->Modify(CCOrxConfigObj(std::to_string(value)), CCOrxConfigObj(key));
+    m_list->Modify(CCOrxConfigObj(std::to_string(value)), CCOrxConfigObj(key));
 }
 
 void CCOrxConfig::SetValue(const char* key, long value)
 {
-    list_->Modify(CCOrxConfigObj(std::to_string(value) + " "), CCOrxConfigObj(key));
+    m_list->Modify(CCOrxConfigObj(std::to_string(value) + " "), CCOrxConfigObj(key));
 }

@@ -73,10 +73,10 @@ class CCOrxConfig
     void readEntries();
     void writeEntries();
 
-    char path_[256] = {}; ///< "" until the file has been read
-    std::unique_ptr<std::FILE, StreamCloser> stream_;
-    std::unique_ptr<Entries> list_;
-    std::int32_t style_;
+    char m_path[256] = {}; ///< "" until the file has been read
+    std::unique_ptr<std::FILE, StreamCloser> m_stream;
+    std::unique_ptr<Entries> m_list;
+    std::int32_t m_style;
 };
 
 #endif

@@ -1,27 +1,27 @@
 #include "CCOrxConfigObj.hpp"
 
-CCOrxConfigObj::CCOrxConfigObj(const char* text) : text_(text) {}
+CCOrxConfigObj::CCOrxConfigObj(const char* text) : m_text(text) {}
 
-CCOrxConfigObj::CCOrxConfigObj(const std::string& text) : text_(text) {}
+CCOrxConfigObj::CCOrxConfigObj(const std::string& text) : m_text(text) {}
 
 CCOrxConfigObj::~CCOrxConfigObj() = default;
 
 bool CCOrxConfigObj::operator<(const CCOrxConfigObj& other) const
 {
-    return text_ < other.text_;
+    return m_text < other.m_text;
 }
 
 bool CCOrxConfigObj::operator>=(const CCOrxConfigObj& other) const
 {
-    return text_ >= other.text_;
+    return m_text >= other.m_text;
 }
 
 bool CCOrxConfigObj::operator==(const CCOrxConfigObj& other) const
 {
-    return text_ == other.text_;
+    return m_text == other.m_text;
 }
 
 const std::string& CCOrxConfigObj::text() const
 {
-    return text_;
+    return m_text;
 }

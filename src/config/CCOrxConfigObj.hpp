@@ -25,7 +25,7 @@ class CCOrxConfigObj
     const std::string& text() const;
 
   private:
-    std::string text_;
+    std::string m_text;
 };
 
 #endif

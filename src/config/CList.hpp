@@ -26,16 +26,16 @@ class CList
     /// Sets the block size and puts one block of nodes into the pool, by taking a node and giving it back.
     void init()
     {
-        blockSize_ = 256;
+        m_blockSize = 256;
         FreeNode(NewNode(nullptr));
     }
 
     /// Adds an entry before the first one with a greater key, and so after all those with an equal key.
     Node* Insert(const Value& value, const Key& key)
     {
-        if (!head_ || key < head_->key)
+        if (!m_head || key < m_head->key)
             return AddHead(value, key);
-        for (Node* before = head_; before->next; before = before->next) {
+        for (Node* before = m_head; before->next; before = before->next) {
             if (key < before->next->key) {
                 before->next = filled(NewNode(before->next), value, key);
                 return before->next;
@@ -47,21 +47,21 @@ class CList
     /// Adds an entry in front. Keeping the order is the caller's business, as it is with AddTail.
     Node* AddHead(const Value& value, const Key& key)
     {
-        head_ = filled(NewNode(head_), value, key);
-        if (!tail_)
-            tail_ = head_;
-        return head_;
+        m_head = filled(NewNode(m_head), value, key);
+        if (!m_tail)
+            m_tail = m_head;
+        return m_head;
     }
 
     /// Adds an entry at the end.
     Node* AddTail(const Value& value, const Key& key)
     {
         Node* added = filled(NewNode(nullptr), value, key);
-        if (tail_)
-            tail_->next = added;
+        if (m_tail)
+            m_tail->next = added;
         else
-            head_ = added;
-        tail_ = added;
+            m_head = added;
+        m_tail = added;
         return added;
     }
 
@@ -89,47 +89,47 @@ class CList
     std::int32_t GetKeys(Key keys[], std::int32_t max) const
     {
         std::int32_t copied = 0;
-        for (const Node* node = head_; node && copied < max; node = node->next)
+        for (const Node* node = m_head; node && copied < max; node = node->next)
             keys[copied++] = node->key;
         return copied;
     }
 
     /// Number of entries.
-    std::int32_t GetCount() const { return count_; }
+    std::int32_t GetCount() const { return m_count; }
 
     /// Deletes every entry and the pool. The list can be used again.
     void ClearAll()
     {
-        deleteChain(head_);
-        deleteChain(pool_);
-        head_ = spare_ = tail_ = pool_ = nullptr;
-        count_ = 0;
+        deleteChain(m_head);
+        deleteChain(m_pool);
+        m_head = m_spare = m_tail = m_pool = nullptr;
+        m_count = 0;
     }
 
     /// Takes a node out of the pool, which is refilled first when it is empty, and counts it as an entry. The
     /// caller links it in; its key and value are those of its last use.
     Node* NewNode(Node* next)
     {
-        if (!pool_)
+        if (!m_pool)
             refill();
-        Node* taken = pool_;
-        pool_ = taken->next;
+        Node* taken = m_pool;
+        m_pool = taken->next;
         taken->next = next;
-        ++count_;
+        ++m_count;
         return taken;
     }
 
     /// Puts a node that is no longer linked in back into the pool and stops counting it as an entry.
     void FreeNode(Node* node)
     {
-        if (blockSize_ > 0) {
-            node->next = pool_;
-            pool_ = node;
+        if (m_blockSize > 0) {
+            node->next = m_pool;
+            m_pool = node;
         } else {
             // Without blocks there is no pool to return to. The node is dropped on purpose, not deleted.
-            pool_ = nullptr;
+            m_pool = nullptr;
         }
-        --count_;
+        --m_count;
     }
 
   private:
@@ -151,7 +151,7 @@ class CList
 
     Node* firstWith(const Key& key) const
     {
-        Node* node = head_;
+        Node* node = m_head;
         while (node && !(node->key == key))
             node = node->next;
         return node;
@@ -159,24 +159,24 @@ class CList
 
     void refill()
     {
-        const std::int32_t nodes = blockSize_ > 0 ? blockSize_ : 1;
+        const std::int32_t nodes = m_blockSize > 0 ? m_blockSize : 1;
         for (std::int32_t i = 0; i < nodes; ++i) {
             Node* added = new Node();
-            added->next = pool_;
-            pool_ = added;
+            added->next = m_pool;
+            m_pool = added;
         }
     }
 
-    std::int32_t count_ = 0;
+    std::int32_t m_count = 0;
 
   protected:
-    std::int32_t blockSize_ = 0; ///< nodes allocated at once when the pool is empty: 256 after init
+    std::int32_t m_blockSize = 0; ///< nodes allocated at once when the pool is empty: 256 after init
 
   private:
-    Node* head_ = nullptr;
-    Node* spare_ = nullptr; ///< read by nobody; kept because it is part of the list's layout
-    Node* tail_ = nullptr;
-    Node* pool_ = nullptr; ///< nodes that are not in the list
+    Node* m_head = nullptr;
+    Node* m_spare = nullptr; ///< read by nobody; kept because it is part of the list's layout
+    Node* m_tail = nullptr;
+    Node* m_pool = nullptr; ///< nodes that are not in the list
 };
 
 #endif

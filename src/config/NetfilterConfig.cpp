@@ -4,12 +4,12 @@
 
 namespace
 {
-constexpr char SWITCH_FILE[] = "/kv/etc/kv_netfilter.cfg";
+constexpr char switchFile[] = "/kv/etc/kv_netfilter.cfg";
 }
 
 int kv_get_netfilter_config(const char* key, unsigned* value)
 {
-    const CCOrxConfig store(SWITCH_FILE, CCOrxConfig::BlankSeparated);
+    const CCOrxConfig store(switchFile, CCOrxConfig::BlankSeparated);
     if (!value)
         return -1;
     *value = static_cast<unsigned>(store.GetIntValue(key));
@@ -18,7 +18,7 @@ int kv_get_netfilter_config(const char* key, unsigned* value)
 
 int kv_set_netfilter_config(const char* key, unsigned value)
 {
-    CCOrxConfig store(SWITCH_FILE, CCOrxConfig::BlankSeparated);
+    CCOrxConfig store(switchFile, CCOrxConfig::BlankSeparated);
     store.SetValue(key, static_cast<int>(value));
     store.Commit();
     return 0;

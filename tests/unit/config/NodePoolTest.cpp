@@ -12,17 +12,17 @@ namespace
 class CountedKey
 {
   public:
-    explicit CountedKey(int number = 0) : number_(number) { ++alive; }
-    CountedKey(const CountedKey& other) : number_(other.number_) { ++alive; }
+    explicit CountedKey(int number = 0) : m_number(number) { ++alive; }
+    CountedKey(const CountedKey& other) : m_number(other.m_number) { ++alive; }
     CountedKey& operator=(const CountedKey&) = default;
     ~CountedKey() { --alive; }
-    bool operator<(const CountedKey& other) const { return number_ < other.number_; }
-    bool operator==(const CountedKey& other) const { return number_ == other.number_; }
+    bool operator<(const CountedKey& other) const { return m_number < other.m_number; }
+    bool operator==(const CountedKey& other) const { return m_number == other.m_number; }
 
     static int alive;
 
   private:
-    int number_;
+    int m_number;
 };
 
 int CountedKey::alive = 0;
@@ -31,7 +31,7 @@ int CountedKey::alive = 0;
 class PooledList : public CList<CountedKey, int>
 {
   public:
-    void setBlockSize(int size) { blockSize_ = size; }
+    void setBlockSize(int size) { m_blockSize = size; }
     void fill(int from, int to)
     {
         for (int number = from; number < to; ++number)

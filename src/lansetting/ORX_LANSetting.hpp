@@ -1,0 +1,102 @@
+#ifndef KV_LANSETTING_ORX_LANSETTING_HPP
+#define KV_LANSETTING_ORX_LANSETTING_HPP
+
+#include "ORX_LANEndpointAPI.hpp"
+
+#include <OW_config.h>
+
+#include <OW_String.hpp>
+
+/// The resolver's configuration, resolv.conf(5).
+inline constexpr char resolveFile[] = "/etc/resolv.conf";
+
+/// The server-wide LAN settings: DNS domain and name servers, the packet filter's four switches, the router
+/// card. A plain value; the library has one of it, which every request works on without a lock.
+///
+/// Failures are CIMExceptions with CIM_ERR_FAILED, a text and an identifier, and are logged through gLogger
+/// first. Error codes in the log are printed as signed 8-bit numbers (200 as -56), as operators know them.
+class ORX_LANSetting
+{
+  public:
+    /// Everything is empty or false until the first get. Nothing of the system is touched.
+    ORX_LANSetting();
+
+    // Copies of what get or a setter left. Always true.
+    bool getInstanceID(OpenWBEM::String& value) const; ///< intended: always empty, nothing ever sets it
+    bool getDomainName(OpenWBEM::String& value) const;
+    bool getPrimaryDNS(OpenWBEM::String& value) const;   ///< dotted IPv4 text, or empty
+    bool getSecondaryDNS(OpenWBEM::String& value) const; ///< dotted IPv4 text, or empty
+    bool getIsIcmpFilterEnabled(bool& value) const;
+    bool getIsArpFilterEnabled(bool& value) const;
+    bool getIsBroadcastFilterEnabled(bool& value) const;
+    bool getIsIPAddressConflictEnabled(bool& value) const;
+    bool getIsRouterPresent(bool& value) const;
+
+    /// Loads everything from the system, which it never changes. Throws when the host's own name cannot be
+    /// looked up or the router card cannot be asked for; what was loaded before stays. False when the
+    /// switches cannot be read. Intended: only the ICMP switch is ever lowered here; the other three are
+    /// raised by a stored 1 and otherwise keep what they were.
+    bool get();
+
+    /// Makes `name` (see isValidDomainName) the domain in the hosts table and in the resolver file. Throws
+    /// when it is not valid. A hosts table or resolver file that cannot be written is no failure.
+    bool setDomainName(const OpenWBEM::String& name);
+
+    /// Replaces the first or second name server in the resolver file. The empty text removes it, an unchanged
+    /// one does nothing. Throws when the server refuses the address. A resolver file that cannot be written
+    /// is no failure.
+    ///
+    /// Intended for these two and setDomainName: the file is rewritten from what the last get kept of it, so
+    /// that before the first get only the new line remains.
+    bool setPrimaryDNS(const OpenWBEM::String& address);
+    bool setSecondaryDNS(const OpenWBEM::String& address);
+
+    /// Writes `address` to the nameserver line number `index`, 0 for the primary and 1 for the secondary, in
+    /// the resolver file and in what is kept of it.
+    void updateNameserver(const OpenWBEM::String& address, int index);
+
+    /// Store a switch for the next start, then tell the running kernel. False when it cannot be stored; the
+    /// kernel is not told then. Whether the kernel listens decides nothing.
+    bool setIsIcmpFilterEnabled(bool enabled);
+    bool setIsArpFilterEnabled(bool enabled);
+    bool setIsBroadcastFilterEnabled(bool enabled);
+    bool setIsIPAddressConflictEnabled(bool enabled);
+
+    /// One ioctl on the packet filter's device. `request` is the device's request code in 32 bits, `value` 0
+    /// or
+    /// 1. Returns 0, or -1 when the device is absent or refuses.
+    int notifyKernel(int request, unsigned value);
+
+    /// Presses the router card's reset button and returns "Router reset initiated". Throws when the card is
+    /// missing, the button cannot be pressed or the reset fails otherwise. One attempt, no waiting.
+    OpenWBEM::String resetRouter();
+
+  private:
+    struct PacketFilterSwitch;
+    static const PacketFilterSwitch icmpFilter;
+    static const PacketFilterSwitch arpFilter;
+    static const PacketFilterSwitch broadcastFilter;
+    static const PacketFilterSwitch ipConflictDetection;
+
+    void readDomainName();
+    void readResolverFile();
+    void readRouterPresence();
+    bool readSwitches();
+    bool setSwitch(const PacketFilterSwitch& which, bool enabled);
+    bool setNameserver(OpenWBEM::String& field, const OpenWBEM::String& address, int index,
+                       const char* registryFlag);
+
+    ORX_LANEndpointAPI customerLan; ///< "eth1"; no operation uses it
+    OpenWBEM::String instanceID;
+    OpenWBEM::String domainName;
+    OpenWBEM::String primaryDNS;
+    OpenWBEM::String secondaryDNS;
+    bool isIcmpFilterEnabled = false;
+    bool isArpFilterEnabled = false;
+    bool isBroadcastFilterEnabled = false;
+    bool isIPAddressConflictEnabled = false;
+    bool isRouterPresent = false;
+    OpenWBEM::String resolvContents; ///< what get and later writes made of the resolver file
+};
+
+#endif
