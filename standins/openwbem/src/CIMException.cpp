@@ -1,0 +1,99 @@
+#include "OW_CIMException.hpp"
+#include <iterator>
+#include <utility>
+
+namespace OpenWBEM
+{
+
+namespace
+{
+
+const char* const DESCRIPTIONS[] = {
+    "no error",
+    "general error",
+    "Access to CIM resource unavailable to client",
+    "namespace does not exist",
+    "invalid parameter passed to method",
+    "class does not exist",
+    "requested object could not be found",
+    "requested operation is not supported",
+    "operation cannot be done on class with subclasses",
+    "operator cannot be done on class with instances",
+    "specified superclass does not exist",
+    "object already exists",
+    "specified property does not exist",
+    "value supplied is incompatible with type",
+    "query language is not recognized or supported",
+    "query is not valid for the specified query language",
+    "extrinsic method could not be executed",
+    "extrinsic method does not exist",
+};
+
+std::string description(int code)
+{
+    const bool known = code >= 0 && static_cast<size_t>(code) < std::size(DESCRIPTIONS);
+    return known ? DESCRIPTIONS[code] : "unknown error";
+}
+
+// A text that already begins with the description came out of another exception and is not decorated again.
+std::string decorated(const std::string& described, const std::string& text)
+{
+    if (text.empty()) {
+        return described;
+    }
+    if (text.compare(0, described.length(), described) == 0) {
+        return text;
+    }
+    return described + " (" + text + ")";
+}
+
+} // namespace
+
+CIMException::CIMException(const char* file, int line, ErrNoType errval, const char* msg,
+                           const Exception* otherException)
+    : Exception(file, line, msg, errval, otherException)
+{
+}
+
+CIMException::CIMException(const CIMException&) = default;
+
+CIMException& CIMException::operator=(const CIMException&) = default;
+
+CIMException::~CIMException() throw() {}
+
+const char* CIMException::type() const
+{
+    return "CIMException";
+}
+
+const char* CIMException::getMessage() const
+{
+    if (!m_message) {
+        m_message = std::make_shared<const std::string>(
+            decorated(description(getErrorCode()), Exception::getMessage()));
+    }
+    return m_message->c_str();
+}
+
+CIMException* CIMException::clone() const throw()
+{
+    return new CIMException(*this);
+}
+
+CIMException::ErrNoType CIMException::getErrNo() const
+{
+    return static_cast<ErrNoType>(getErrorCode());
+}
+
+void CIMException::setErrNo(ErrNoType e)
+{
+    setErrorCode(e);
+}
+
+void CIMException::swap(CIMException& other)
+{
+    Exception::swap(other);
+    std::swap(m_message, other.m_message);
+}
+
+} // namespace OpenWBEM

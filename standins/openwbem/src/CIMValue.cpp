@@ -1,0 +1,251 @@
+#include "CIMValueData.hpp"
+#include "NullReference.hpp"
+#include "OW_CIMException.hpp"
+
+namespace OpenWBEM
+{
+
+OW_DEFINE_EXCEPTION(ValueCast)
+
+namespace
+{
+
+template <class T>
+[[noreturn]] void throwNotA()
+{
+    typedef CIMTypeOf<typename IsArray<T>::Element> Names;
+    const String message = String("CIMValue::CIMValueImpl::get - Value is not a ") +
+                           (IsArray<T>::value ? Names::arrayName : Names::name);
+    OW_THROW(ValueCastException, message.c_str());
+}
+
+template <class T>
+T held(const CIMContent& content)
+{
+    if (const T* exact = std::get_if<T>(&content)) {
+        return *exact;
+    }
+    if constexpr (std::is_arithmetic_v<T>) {
+        // Numeric keys arrive from clients as sint64, so that one type serves as every other number.
+        if (const Int64* number = std::get_if<Int64>(&content)) {
+            return static_cast<T>(*number);
+        }
+    }
+    throwNotA<T>();
+}
+
+template <class T>
+bool sameContent(const T& lhs, const T& rhs)
+{
+    if constexpr (std::is_same_v<T, CIMInstance>) {
+        return CIMName(lhs.getClassName()) == rhs.getClassName() && lhs.propertiesAreEqualTo(rhs);
+    } else if constexpr (IsArray<T>::value) {
+        bool same = lhs.size() == rhs.size();
+        for (size_t i = 0; same && i < lhs.size(); ++i) {
+            same = sameContent(lhs[i], rhs[i]);
+        }
+        return same;
+    } else {
+        return lhs == rhs;
+    }
+}
+
+template <class T>
+bool lessContent(const T& lhs, const T& rhs)
+{
+    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool> || std::is_same_v<T, String> ||
+                  std::is_same_v<T, Char16> || std::is_same_v<T, CIMDateTime>) {
+        return lhs < rhs;
+    } else if constexpr (IsArray<T>::value) {
+        for (size_t i = 0; i < lhs.size() && i < rhs.size(); ++i) {
+            if (!sameContent(lhs[i], rhs[i])) {
+                return lessContent(lhs[i], rhs[i]);
+            }
+        }
+        return lhs.size() < rhs.size();
+    } else {
+        return lhs.toString() < rhs.toString();
+    }
+}
+
+template <class T>
+CIMValue simpleValue(T value)
+{
+    return CIMValue(value);
+}
+
+} // namespace
+
+CIMValue::CIMValue(CIMNULL_t) {}
+CIMValue::CIMValue(bool arg) : m_data(new Data(Bool(arg))) {}
+CIMValue::CIMValue(const char* arg) : m_data(new Data(String(arg ? arg : ""))) {}
+
+void CIMValue::setNull()
+{
+    m_data.setNull();
+}
+
+#define CIM_VALUE_MEMBERS(TYPE, ARGUMENT)                                                                    \
+    CIMValue::CIMValue(ARGUMENT arg) : m_data(new Data(TYPE(arg))) {}                                        \
+    CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(new Data(arg)) {}                                    \
+    void CIMValue::get(TYPE& arg) const                                                                      \
+    {                                                                                                        \
+        arg = held<TYPE>(m_data.read().content);                                                             \
+    }                                                                                                        \
+    void CIMValue::get(Array<TYPE>& arg) const                                                               \
+    {                                                                                                        \
+        arg = held<Array<TYPE>>(m_data.read().content);                                                      \
+    }                                                                                                        \
+    Array<TYPE> CIMValue::to##TYPE##Array() const                                                            \
+    {                                                                                                        \
+        return held<Array<TYPE>>(m_data.read().content);                                                     \
+    }
+
+#define CIM_VALUE_TYPE(TYPE, ARGUMENT)                                                                       \
+    CIM_VALUE_MEMBERS(TYPE, ARGUMENT)                                                                        \
+    TYPE CIMValue::to##TYPE() const                                                                          \
+    {                                                                                                        \
+        return held<TYPE>(m_data.read().content);                                                            \
+    }
+
+CIM_VALUE_TYPE(Bool, Bool)
+CIM_VALUE_TYPE(UInt8, UInt8)
+CIM_VALUE_TYPE(Int8, Int8)
+CIM_VALUE_TYPE(UInt16, UInt16)
+CIM_VALUE_TYPE(Int16, Int16)
+CIM_VALUE_TYPE(UInt32, UInt32)
+CIM_VALUE_TYPE(Int32, Int32)
+CIM_VALUE_TYPE(UInt64, UInt64)
+CIM_VALUE_TYPE(Int64, Int64)
+CIM_VALUE_TYPE(Real32, Real32)
+CIM_VALUE_TYPE(Real64, Real64)
+CIM_VALUE_TYPE(Char16, const Char16&)
+CIM_VALUE_MEMBERS(String, const String&)
+CIM_VALUE_TYPE(CIMDateTime, const CIMDateTime&)
+CIM_VALUE_TYPE(CIMObjectPath, const CIMObjectPath&)
+CIM_VALUE_TYPE(CIMClass, const CIMClass&)
+CIM_VALUE_TYPE(CIMInstance, const CIMInstance&)
+
+String CIMValue::toString() const
+{
+    return m_data.isNull() ? String("(null)") : contentToString(m_data.read().content);
+}
+
+String CIMValue::toMOF() const
+{
+    return contentToMOF(m_data.read().content);
+}
+
+CIMDataType::Type CIMValue::getType() const
+{
+    return std::visit(
+        [](const auto& content) {
+            return CIMTypeOf<typename IsArray<std::decay_t<decltype(content)>>::Element>::type;
+        },
+        m_data.read().content);
+}
+
+CIMDataType CIMValue::getCIMDataType() const
+{
+    return isArray() ? CIMDataType(getType(), -1) : CIMDataType(getType());
+}
+
+bool CIMValue::isArray() const
+{
+    return std::visit(
+        [](const auto& content) { return bool(IsArray<std::decay_t<decltype(content)>>::value); },
+        m_data.read().content);
+}
+
+UInt32 CIMValue::getArraySize() const
+{
+    return std::visit(
+        [](const auto& content) -> UInt32 {
+            if constexpr (IsArray<std::decay_t<decltype(content)>>::value) {
+                return static_cast<UInt32>(content.size());
+            } else {
+                return 0;
+            }
+        },
+        m_data.read().content);
+}
+
+bool CIMValue::isNumericType() const
+{
+    return getCIMDataType().isNumericType();
+}
+
+bool CIMValue::sameType(const CIMValue& arg) const
+{
+    return m_data.read().content.index() == arg.m_data.read().content.index();
+}
+
+bool CIMValue::equal(const CIMValue& arg) const
+{
+    if (m_data.isNull() || arg.m_data.isNull()) {
+        return m_data.isNull() && arg.m_data.isNull();
+    }
+    const CIMContent& others = arg.m_data.read().content;
+    return sameType(arg) && std::visit(
+                                [&others](const auto& mine) {
+                                    return sameContent(mine, std::get<std::decay_t<decltype(mine)>>(others));
+                                },
+                                m_data.read().content);
+}
+
+bool operator<(const CIMValue& lhs, const CIMValue& rhs)
+{
+    if (!lhs || !rhs) {
+        return !lhs && rhs;
+    }
+    const CIMContent& left = lhs.m_data.read().content;
+    const CIMContent& right = rhs.m_data.read().content;
+    if (left.index() != right.index()) {
+        return left.index() < right.index();
+    }
+    return std::visit(
+        [&right](const auto& mine) {
+            return lessContent(mine, std::get<std::decay_t<decltype(mine)>>(right));
+        },
+        left);
+}
+
+CIMValue CIMValue::createSimpleValue(const String& cimType, const String& text)
+{
+    switch (CIMDataType::strToSimpleType(cimType)) {
+    case CIMDataType::BOOLEAN:
+        return simpleValue(text.toBool());
+    case CIMDataType::UINT8:
+        return simpleValue(text.toUInt8());
+    case CIMDataType::SINT8:
+        return simpleValue(text.toInt8());
+    case CIMDataType::UINT16:
+        return simpleValue(text.toUInt16());
+    case CIMDataType::SINT16:
+        return simpleValue(text.toInt16());
+    case CIMDataType::UINT32:
+        return simpleValue(text.toUInt32());
+    case CIMDataType::SINT32:
+        return simpleValue(text.toInt32());
+    case CIMDataType::UINT64:
+        return simpleValue(text.toUInt64());
+    case CIMDataType::SINT64:
+        return simpleValue(text.toInt64());
+    case CIMDataType::REAL32:
+        return simpleValue(text.toReal32());
+    case CIMDataType::REAL64:
+        return simpleValue(text.toReal64());
+    case CIMDataType::CHAR16:
+        return simpleValue(Char16(text));
+    case CIMDataType::DATETIME:
+        return simpleValue(CIMDateTime(text));
+    case CIMDataType::STRING:
+        return simpleValue(text);
+    case CIMDataType::REFERENCE:
+        return simpleValue(CIMObjectPath::parse(text));
+    default:
+        return CIMValue(CIMNULL);
+    }
+}
+
+} // namespace OpenWBEM

@@ -1,0 +1,81 @@
+#include "CIMValueData.hpp"
+#include "MofText.hpp"
+
+namespace OpenWBEM
+{
+
+namespace
+{
+
+template <class T>
+String scalarToString(const T& scalar)
+{
+    if constexpr (std::is_floating_point_v<T>) {
+        return String(Real64(scalar));
+    } else if constexpr (std::is_integral_v<T>) {
+        return std::is_signed_v<T> ? String(Int64(scalar)) : String(UInt64(scalar));
+    } else if constexpr (std::is_same_v<T, Char16>) {
+        return String(
+            static_cast<char>(scalar.getValue() & 0xFFU)); // the high byte is lost: that is the interface
+    } else if constexpr (std::is_same_v<T, Bool> || std::is_same_v<T, String> ||
+                         std::is_same_v<T, CIMDateTime>) {
+        return scalar.toString(); // a datetime's truth test does not tell whether it is null
+    } else {
+        return scalar ? scalar.toString() : String("(null)");
+    }
+}
+
+template <class T>
+String scalarToMOF(const T& scalar)
+{
+    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool>) {
+        return scalarToString(scalar);
+    } else if constexpr (std::is_same_v<T, Char16>) {
+        return "'" + scalarToString(scalar) + "'";
+    } else {
+        return quotedMOF(scalarToString(scalar));
+    }
+}
+
+template <class T, class Render>
+String joined(const Array<T>& elements, Render render)
+{
+    String text("");
+    for (size_t i = 0; i < elements.size(); ++i) {
+        text += i ? "," : "";
+        text += render(elements[i]);
+    }
+    return text;
+}
+
+} // namespace
+
+String contentToString(const CIMContent& content)
+{
+    return std::visit(
+        [](const auto& held) -> String {
+            typedef std::decay_t<decltype(held)> T;
+            if constexpr (IsArray<T>::value) {
+                return joined(held, scalarToString<typename IsArray<T>::Element>);
+            } else {
+                return scalarToString(held);
+            }
+        },
+        content);
+}
+
+String contentToMOF(const CIMContent& content)
+{
+    return std::visit(
+        [](const auto& held) -> String {
+            typedef std::decay_t<decltype(held)> T;
+            if constexpr (IsArray<T>::value) {
+                return "{" + joined(held, scalarToMOF<typename IsArray<T>::Element>) + "}";
+            } else {
+                return scalarToMOF(held);
+            }
+        },
+        content);
+}
+
+} // namespace OpenWBEM

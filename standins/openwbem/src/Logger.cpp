@@ -1,0 +1,114 @@
+#include "OW_Logger.hpp"
+
+namespace OpenWBEM
+{
+
+const String Logger::STR_NONE_CATEGORY("NONE");
+const String Logger::STR_FATAL_CATEGORY("FATAL");
+const String Logger::STR_ERROR_CATEGORY("ERROR");
+const String Logger::STR_INFO_CATEGORY("INFO");
+const String Logger::STR_DEBUG_CATEGORY("DEBUG");
+const String Logger::STR_ALL_CATEGORY("ALL");
+
+namespace
+{
+
+// Messages of a category of the caller's own are for those who want to see everything.
+ELogLevel levelOf(const String& category)
+{
+    if (category.equalsIgnoreCase(Logger::STR_FATAL_CATEGORY)) {
+        return E_FATAL_ERROR_LEVEL;
+    }
+    if (category.equalsIgnoreCase(Logger::STR_ERROR_CATEGORY)) {
+        return E_ERROR_LEVEL;
+    }
+    if (category.equalsIgnoreCase(Logger::STR_INFO_CATEGORY)) {
+        return E_INFO_LEVEL;
+    }
+    return category.equalsIgnoreCase(Logger::STR_DEBUG_CATEGORY) ? E_DEBUG_LEVEL : E_ALL_LEVEL;
+}
+
+} // namespace
+
+Logger::Logger(const ELogLevel logLevel) : m_logLevel(logLevel), m_defaultComponent("none") {}
+
+Logger::Logger(const String& defaultComponent, const ELogLevel logLevel)
+    : m_logLevel(logLevel), m_defaultComponent(defaultComponent)
+{
+}
+
+Logger::Logger(const Logger&) = default;
+
+Logger& Logger::operator=(const Logger&) = default;
+
+Logger::~Logger() {}
+
+void Logger::process(ELogLevel level, const String& category, const String& message, const char* filename,
+                     int fileline, const char* methodname) const
+{
+    if (level <= m_logLevel) {
+        doProcessLogMessage(
+            LogMessage(m_defaultComponent, category, message, filename, fileline, methodname));
+    }
+}
+
+void Logger::logFatalError(const String& message, const char* filename, int fileline,
+                           const char* methodname) const
+{
+    process(E_FATAL_ERROR_LEVEL, STR_FATAL_CATEGORY, message, filename, fileline, methodname);
+}
+
+void Logger::logError(const String& message, const char* filename, int fileline, const char* methodname) const
+{
+    process(E_ERROR_LEVEL, STR_ERROR_CATEGORY, message, filename, fileline, methodname);
+}
+
+void Logger::logInfo(const String& message, const char* filename, int fileline, const char* methodname) const
+{
+    process(E_INFO_LEVEL, STR_INFO_CATEGORY, message, filename, fileline, methodname);
+}
+
+void Logger::logDebug(const String& message, const char* filename, int fileline, const char* methodname) const
+{
+    process(E_DEBUG_LEVEL, STR_DEBUG_CATEGORY, message, filename, fileline, methodname);
+}
+
+void Logger::logMessage(const String& category, const String& message, const char* filename, int fileline,
+                        const char* methodname) const
+{
+    process(levelOf(category), category, message, filename, fileline, methodname);
+}
+
+ELogLevel Logger::getLogLevel() const
+{
+    return m_logLevel;
+}
+
+void Logger::setLogLevel(ELogLevel logLevel)
+{
+    m_logLevel = logLevel;
+}
+
+void Logger::setLogLevel(const String& logLevel)
+{
+    if (logLevel.equalsIgnoreCase(STR_ALL_CATEGORY)) {
+        setLogLevel(E_ALL_LEVEL);
+    } else if (logLevel.equalsIgnoreCase(STR_DEBUG_CATEGORY)) {
+        setLogLevel(E_DEBUG_LEVEL);
+    } else if (logLevel.equalsIgnoreCase(STR_INFO_CATEGORY)) {
+        setLogLevel(E_INFO_LEVEL);
+    } else if (logLevel.equalsIgnoreCase(STR_ERROR_CATEGORY)) {
+        setLogLevel(E_ERROR_LEVEL);
+    } else if (logLevel.equalsIgnoreCase(STR_NONE_CATEGORY)) {
+        setLogLevel(E_NONE_LEVEL);
+    } else {
+        setLogLevel(E_FATAL_ERROR_LEVEL);
+    }
+}
+
+LoggerRef Logger::clone() const
+{
+    return doClone();
+}
+
+} // namespace OpenWBEM

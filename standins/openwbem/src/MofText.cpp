@@ -1,0 +1,50 @@
+#include "MofText.hpp"
+#include "OW_Array.hpp"
+#include "OW_CIMDataType.hpp"
+#include "OW_CIMQualifier.hpp"
+#include <cstring>
+
+namespace OpenWBEM
+{
+
+String quotedMOF(const String& text)
+{
+    static const char SPECIAL[] = "\\\"\n\r\t";
+    static const char LETTERS[] = "\\\"nrt";
+    String quoted("\"");
+    for (size_t i = 0; i < text.length(); ++i) {
+        const char c = text.charAt(i);
+        const char* const special = c ? strchr(SPECIAL, c) : 0;
+        if (special) {
+            quoted += '\\';
+            quoted += LETTERS[special - SPECIAL];
+        } else {
+            quoted += c;
+        }
+    }
+    return quoted += '"';
+}
+
+String qualifiersMOF(const CIMQualifierArray& qualifiers, const char* indentation)
+{
+    if (qualifiers.empty()) {
+        return "";
+    }
+    String text = String(indentation) + "[";
+    for (size_t i = 0; i < qualifiers.size(); ++i) {
+        text += i ? ", " : "";
+        text += qualifiers[i].toMOF();
+    }
+    return text += "]\n";
+}
+
+String declarationMOF(const CIMDataType& type, const String& name)
+{
+    String text = type.toMOF() + " " + name;
+    if (type.isArrayType()) {
+        text += type.getSize() < 1 ? String("[]") : "[" + String(type.getSize()) + "]";
+    }
+    return text;
+}
+
+} // namespace OpenWBEM
