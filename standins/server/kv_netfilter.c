@@ -23,6 +23,11 @@
 enum { FIRST_REQUEST = 2, LAST_REQUEST = 5 };
 static const uint32_t requestBase = 0x8004AB00U;
 
+__attribute__((constructor)) static void stayInThisProcess(void)
+{
+    unsetenv("LD_PRELOAD");
+}
+
 typedef int (*IoctlFunction)(int, unsigned long, ...);
 
 /* ISO C has no cast from the object pointer that dlsym returns to a function pointer. */

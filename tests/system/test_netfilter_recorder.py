@@ -40,3 +40,10 @@ def test_an_interface_ioctl_answers_as_ever(server):
 def test_a_record_that_cannot_be_written_fails_the_ioctl(server):
     result = server.run(ioctl("/dev/kv_netfilter", "0x8004AB02", 1, "KV_NETFILTER_LOG=/nowhere/record"))
     assert "[Errno 5] Input/output error" in result.err
+
+
+def test_a_program_that_the_process_starts_is_not_preloaded(server):
+    program = "import subprocess; subprocess.run(['env'])"
+    shown = server.sh(f'LD_PRELOAD=$KV_OBJECT_MANAGER_PRELOAD /usr/bin/python3 -c "{program}"')
+    assert "LD_PRELOAD=" not in shown
+    assert "KV_OBJECT_MANAGER_PRELOAD=" in shown
