@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ObjectManager.hpp"
+
+#include <string>
+#include <vector>
+
+namespace cimom
+{
+
+struct CallOptions {
+    std::string operation;
+    std::string
+        objectPath; // "Class", "Class.Key=\"value\"", with "namespace:" before it if it is not the default
+    std::vector<std::string> assignments; // "Name=value"
+    bool json = false;
+};
+
+// Performs one operation without HTTP. Operation names ignore letter case; one that is no operation is a
+// method of the object. Prints the result on standard output and an error on standard error, or either as
+// JSON on standard output. Returns the exit code: 0, or the CIM code of the error.
+int call(ObjectManager& objectManager, const CallOptions& options);
+
+} // namespace cimom

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ClassRepository.hpp"
+#include "HttpServer.hpp"
+#include "IntrinsicCalls.hpp"
+#include "Operations.hpp"
+#include "ProviderLoader.hpp"
+
+#include <chrono>
+#include <exception>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace cimom
+{
+
+class CimXmlMessage;
+
+struct ObjectManagerOptions {
+    std::vector<std::string> mof; // files, or directories of .mof files
+    std::vector<std::string> providerDirectories;
+};
+
+// The code and text of a CIM error.
+struct CimFailure {
+    int code;
+    std::string description;
+};
+
+// Whatever a provider or an operation threw, as the error that a client gets for it.
+CimFailure describe(const std::exception_ptr& thrown);
+
+// Classes, providers and the treatment of requests in one. May be used by several threads: one request runs
+// at a time.
+class ObjectManager
+{
+  public:
+    // Reads the classes and looks at the provider libraries. Throws MofError.
+    ObjectManager(const ObjectManagerOptions& options,
+                  const OpenWBEM::ProviderEnvironmentIFCRef& environment);
+
+    // Answers a CIM-XML request, which may get altered. Throws nothing but std::bad_alloc.
+    HttpAnswer answer(std::string& request);
+
+    // For callers in the same process.
+    Operations& operations() { return m_operations; }
+    const ClassRepository& repository() const { return m_repository; }
+
+    void unloadIdle(std::chrono::seconds idle);
+
+  private:
+    void performCall(const CimXmlMessage& message, std::string& xml);
+    void performMethod(const CimXmlMessage& message, std::string& xml);
+
+    ClassRepository m_repository;
+    ProviderLoader m_loader;
+    Operations m_operations;
+    IntrinsicCalls m_intrinsicCalls;
+    std::mutex m_oneAtATime;
+};
+
+} // namespace cimom
