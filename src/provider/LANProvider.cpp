@@ -3,6 +3,9 @@
 #include "Failure.hpp"
 #include "Logging.hpp"
 #include "MTUSize.hpp"
+#include "ORX_ALGServiceProvider.hpp"
+#include "ORX_LANEndpointProvider.hpp"
+#include "ORX_LANSettingProvider.hpp"
 
 #include <OW_CIM.hpp>
 #include <OW_CIMException.hpp>
@@ -25,11 +28,21 @@ const String endpointClassName("ORX_LANEndpoint");
 const String settingClassName("ORX_LANServiceSetting");
 const String algServiceClassName("ORX_ALGService");
 
+ORX_LANEndpointProvider endpointProvider;
+ORX_LANSettingProvider settingProvider;
+ORX_ALGServiceProvider algServiceProvider;
+
 /// What `Interface` (instance or method provider) of the sub-provider serves the class; null for an unknown
 /// class.
 template <typename Interface>
-Interface* subProviderOf(const String&)
+Interface* subProviderOf(const String& className)
 {
+    if (className.equals(endpointClassName))
+        return &endpointProvider;
+    if (className.equals(settingClassName))
+        return &settingProvider;
+    if (className.equals(algServiceClassName))
+        return &algServiceProvider;
     return nullptr;
 }
 
@@ -42,11 +55,19 @@ LANProvider::~LANProvider() = default;
 void LANProvider::initialize(const ProviderEnvironmentIFCRef& env)
 {
     gLogger = env->getLogger();
+    endpointProvider.initialize(env);
+    settingProvider.initialize(env);
+    algServiceProvider.initialize(env);
     for (const char* ifName : {"eth0", "eth1", "eth2"})
         setMTUSize(ifName);
 }
 
-void LANProvider::cleanup() {}
+void LANProvider::cleanup()
+{
+    endpointProvider.cleanup();
+    settingProvider.cleanup();
+    algServiceProvider.cleanup();
+}
 
 void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns,
                                     const String& className, CIMObjectPathResultHandlerIFC& result,

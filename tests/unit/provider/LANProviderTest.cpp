@@ -1,0 +1,299 @@
+#include "LANProvider.hpp"
+#include "Environment.hpp"
+#include "Logging.hpp"
+#include "ORX_ALGService.hpp"
+#include "ORX_ALGServiceInstanceManager.hpp"
+
+#include <OW_CIM.hpp>
+#include <OW_CIMException.hpp>
+#include <OW_InstanceProviderInfo.hpp>
+#include <OW_MethodProviderInfo.hpp>
+#include <OW_ResultHandlers.hpp>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <stdexcept>
+
+using namespace OpenWBEM;
+using fakes::Lines;
+
+namespace
+{
+
+class Roof : public fakes::ServerTest
+{
+  protected:
+    ~Roof() override
+    {
+        // initialize leaves the marking service's objects to the process; a test must not.
+        ORX_ALGServiceInstanceManager* manager = ORX_ALGService::getInstanceManager();
+        for (manager->startIteration(); manager->hasNext();)
+            delete manager->next();
+        manager->endIteration();
+        ORX_ALGService::ClearInstanceManager();
+        if (manager != ORX_ALGService::getInstanceManager())
+            delete manager;
+    }
+
+    CIMObjectPathArray namesOf(const char* className)
+    {
+        CIMObjectPathArray names;
+        CIMObjectPathArrayBuilder result(names);
+        provider.enumInstanceNames(env, "root/cimv2", className, result, noClass);
+        return names;
+    }
+
+    CIMInstanceArray instancesOf(const char* className)
+    {
+        CIMInstanceArray instances;
+        CIMInstanceArrayBuilder result(instances);
+        provider.enumInstances(env, "root/cimv2", className, result, WBEMFlags::E_NOT_LOCAL_ONLY,
+                               WBEMFlags::E_DEEP, WBEMFlags::E_INCLUDE_QUALIFIERS,
+                               WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, noClass, noClass);
+        return instances;
+    }
+
+    CIMInstance get(const CIMObjectPath& path)
+    {
+        return provider.getInstance(env, "root/cimv2", path, WBEMFlags::E_NOT_LOCAL_ONLY,
+                                    WBEMFlags::E_INCLUDE_QUALIFIERS, WBEMFlags::E_EXCLUDE_CLASS_ORIGIN,
+                                    nullptr, noClass);
+    }
+
+    void modify(const CIMInstance& modified, const CIMInstance& previous)
+    {
+        provider.modifyInstance(env, "root/cimv2", modified, previous, WBEMFlags::E_INCLUDE_QUALIFIERS,
+                                nullptr, noClass);
+    }
+
+    CIMValue invoke(const char* className, const char* method)
+    {
+        CIMParamValueArray out;
+        return provider.invokeMethod(env, "root/cimv2", CIMObjectPath(className), method,
+                                     CIMParamValueArray(), out);
+    }
+
+    /// All seven operations on one class, by name.
+    std::map<std::string, std::function<void()>> operationsOn(const char* className)
+    {
+        return {
+            {"enumInstanceNames", [=] { namesOf(className); }},
+            {"enumInstances", [=] { instancesOf(className); }},
+            {"getInstance", [=] { get(CIMObjectPath(className)); }},
+            {"createInstance", [=] { provider.createInstance(env, "root/cimv2", CIMInstance(className)); }},
+            {"deleteInstance", [=] { provider.deleteInstance(env, "root/cimv2", CIMObjectPath(className)); }},
+            {"modifyInstance", [=] { modify(CIMInstance(className), CIMInstance("ORX_LANEndpoint")); }},
+            {"invokeMethod", [=] { invoke(className, "ResetRouter"); }}};
+    }
+
+    static CIMException failureOf(const std::function<void()>& operation)
+    {
+        try {
+            operation();
+        } catch (const CIMException& e) {
+            return e;
+        }
+        throw std::logic_error("nothing was thrown");
+    }
+
+    static CIMObjectPath endpointPath(const char* name)
+    {
+        CIMObjectPath path("ORX_LANEndpoint");
+        path.setKeyValue("Name", CIMValue(String(name)));
+        return path;
+    }
+
+    LANProvider provider;
+    const CIMClass noClass{CIMNULL};
+};
+
+TEST_F(Roof, RefusesEveryOperationOnAClassThatItDoesNotServe)
+{
+    for (const char* className :
+         {"ORX_Other", "orx_lanendpoint", "ORX_LANSERVICESETTING", "ORX_AlgService", ""}) {
+        std::map<int, std::string> lines;
+        for (const auto& [name, operation] : operationsOn(className)) {
+            const CIMException e = failureOf(operation);
+            EXPECT_EQ(CIMException::INVALID_CLASS, e.getErrNo()) << name;
+            EXPECT_STREQ("", e.Exception::getMessage()) << name;
+            EXPECT_STREQ("LANProvider.cpp", e.getFile()) << name;
+            EXPECT_TRUE(lines.emplace(e.getLine(), name).second) << name << " and " << lines[e.getLine()];
+        }
+        EXPECT_EQ(7U, lines.size());
+    }
+    EXPECT_EQ(Lines{}, world.journal()) << "a refused request touches and logs nothing";
+}
+
+TEST_F(Roof, EnumeratesTheNamesOfTheThreeEndpointsAndTracesIt)
+{
+    testing::internal::CaptureStdout();
+    const CIMObjectPathArray names = namesOf("ORX_LANEndpoint");
+    EXPECT_EQ("endpoint enum instance name received\n", testing::internal::GetCapturedStdout());
+    ASSERT_EQ(3U, names.size());
+    EXPECT_STREQ("ORX_LANEndpoint", names[2].getClassName().c_str());
+    EXPECT_STREQ("eth2", names[2].getKeyValue("Name").toString().c_str());
+    EXPECT_EQ(Lines{}, world.journal());
+}
+
+TEST_F(Roof, EnumeratesTheNameOfTheSettingAndTracesIt)
+{
+    testing::internal::CaptureStdout();
+    const CIMObjectPathArray names = namesOf("ORX_LANServiceSetting");
+    EXPECT_EQ("setting enum instance name received\n", testing::internal::GetCapturedStdout());
+    ASSERT_EQ(1U, names.size());
+    EXPECT_STREQ("/root/cimv2:ORX_LANServiceSetting.InstanceID=\"\"", names[0].toString().c_str());
+}
+
+TEST_F(Roof, TracesAnEnumerationOfTheMarkingServiceAsOneOfTheSetting)
+{
+    provider.initialize(env);
+    testing::internal::CaptureStdout();
+    const CIMObjectPathArray names = namesOf("ORX_ALGService");
+    EXPECT_EQ("setting enum instance name received\n", testing::internal::GetCapturedStdout());
+    ASSERT_EQ(1U, names.size());
+    EXPECT_STREQ("SN", names[0].getKeyValue("SystemName").toString().c_str());
+}
+
+class ThrowingHandler : public CIMObjectPathResultHandlerIFC
+{
+  protected:
+    void doHandle(const CIMObjectPath&) override
+    {
+        throw CIMException("handler.cpp", 5, CIMException::ACCESS_DENIED, "no");
+    }
+};
+
+TEST_F(Roof, TracesBeforeItForwards)
+{
+    ThrowingHandler result;
+    testing::internal::CaptureStdout();
+    const CIMException e =
+        failureOf([&] { provider.enumInstanceNames(env, "root/cimv2", "ORX_LANEndpoint", result, noClass); });
+    EXPECT_EQ("endpoint enum instance name received\n", testing::internal::GetCapturedStdout());
+    EXPECT_STREQ("handler.cpp", e.getFile()) << "the exception passes untouched";
+}
+
+TEST_F(Roof, TracesNothingForAnUnknownClassNorInAnyOtherOperation)
+{
+    provider.initialize(env);
+    testing::internal::CaptureStdout();
+    EXPECT_THROW(namesOf("ORX_Other"), CIMException);
+    for (const char* className : {"ORX_LANEndpoint", "ORX_LANServiceSetting", "ORX_ALGService"}) {
+        for (const auto& [name, operation] : operationsOn(className)) {
+            if (name == "enumInstanceNames")
+                continue;
+            try {
+                operation();
+            } catch (const CIMException&) {
+                // what each operation answers is told by the tests of the sub-providers
+            }
+        }
+    }
+    EXPECT_EQ("", testing::internal::GetCapturedStdout());
+}
+
+TEST_F(Roof, ForwardsEveryOperationToTheSubProviderOfTheClass)
+{
+    const std::map<std::string, std::string> files = {{"ORX_LANEndpoint", "ORX_LANEndpointProvider.cpp"},
+                                                      {"ORX_LANServiceSetting", "ORX_LANSettingProvider.cpp"},
+                                                      {"ORX_ALGService", "ORX_ALGServiceProvider.cpp"}};
+    for (const auto& [className, file] : files) {
+        for (const char* name : {"createInstance", "deleteInstance", "getInstance", "invokeMethod"}) {
+            const bool works = (className == "ORX_ALGService" && std::string(name) == "createInstance") ||
+                               (className == "ORX_LANServiceSetting" &&
+                                (std::string(name) == "getInstance" || std::string(name) == "invokeMethod"));
+            if (works)
+                continue;
+            const CIMException e = failureOf(operationsOn(className.c_str())[name]);
+            EXPECT_EQ(file, e.getFile()) << className << " " << name;
+        }
+    }
+    EXPECT_STREQ("ORX_LANServiceSetting", get(CIMObjectPath("ORX_LANServiceSetting")).getClassName().c_str());
+    EXPECT_EQ(1U, instancesOf("ORX_LANServiceSetting").size());
+    EXPECT_EQ(3U, instancesOf("ORX_LANEndpoint").size());
+    EXPECT_STREQ("eth1", get(endpointPath("Customer LAN")).getPropertyValue("Name").toString().c_str());
+    world.routerPresent = true;
+    EXPECT_STREQ("Router reset initiated", invoke("ORX_LANServiceSetting", "ResetRouter").toString().c_str());
+}
+
+TEST_F(Roof, PassesTheNameSpaceAndTheResultOfACreationThrough)
+{
+    provider.initialize(env);
+    CIMInstance instance("ORX_ALGService");
+    instance.setProperty(CIMProperty("Name", CIMValue(String("second"))));
+    EXPECT_STREQ(
+        "/root/cimv2:ORX_ALGService.SystemCreationClassName=\"\",SystemName=\"\",CreationClassName=\"\",Name="
+        "\"second\"",
+        provider.createInstance(env, "root/cimv2", instance).toString().c_str());
+    EXPECT_EQ(2U, instancesOf("ORX_ALGService").size());
+}
+
+TEST_F(Roof, ChoosesTheSubProviderOfAModificationByTheModifiedInstance)
+{
+    CIMInstance endpoint("ORX_LANEndpoint");
+    endpoint.setProperty(CIMProperty("Name", CIMValue(String("eth1"))));
+    endpoint.setProperty(CIMProperty("MaxDataSize", CIMValue(Int32(1400))));
+    modify(endpoint, CIMInstance("ORX_Other"));
+    EXPECT_EQ(1400, world.interfaces["eth1"].mtu);
+
+    const CIMException e = failureOf([&] { modify(CIMInstance("ORX_Other"), endpoint); });
+    EXPECT_EQ(CIMException::INVALID_CLASS, e.getErrNo());
+}
+
+TEST_F(Roof, InitialisesLoggerThenSubProvidersThenMtus)
+{
+    provider.initialize(fakes::environment("server"));
+    gLogger->logError("heard");
+    const Lines journal = world.journal();
+    ASSERT_GT(journal.size(), 20U);
+    EXPECT_EQ("osGetProcessId", journal[0]);
+    EXPECT_EQ("KvuDiagRegisterModule ORX_DSCPService DSCP 0 ORX_DSCP.log", journal[1]);
+    EXPECT_EQ("server ERROR heard", journal.back());
+    Lines expected;
+    for (const std::string name : {"eth0", "eth1", "eth2"}) {
+        const std::string value = "5 providers\\ORX_LANProvider\\" + name + " MTUSize";
+        for (const std::string& line :
+             {std::string("socket"), "KvuGetRegEntryUint16Ex " + value, "ioctl SIOCGIFMTU " + name,
+              "KvuSetRegEntryUint16Ex " + value + " 1500", "ioctl SIOCSIFMTU " + name + " 1500",
+              std::string("close socket")})
+            expected.push_back(line);
+    }
+    EXPECT_EQ(expected, Lines(journal.end() - 19, journal.end() - 1));
+}
+
+TEST_F(Roof, InitialisesEvenWhereAnInterfaceIsMissing)
+{
+    world.interfaces.erase("eth2");
+    provider.initialize(env);
+    EXPECT_EQ(0U, (world.registry.count({"providers\\ORX_LANProvider\\eth2", "MTUSize"})));
+    EXPECT_EQ(1U, (world.registry.count({"providers\\ORX_LANProvider\\eth1", "MTUSize"})));
+}
+
+TEST_F(Roof, DoesNothingWhenItIsMadeCleanedUpAndDropped)
+{
+    {
+        LANProvider another;
+        another.cleanup();
+    }
+    EXPECT_EQ(Lines{}, world.journal());
+}
+
+TEST_F(Roof, LeavesTheOtherProviderInterfacesToTheirDefaults)
+{
+    InstanceProviderInfo instanceInfo;
+    provider.getInstanceProviderInfo(instanceInfo);
+    EXPECT_TRUE(instanceInfo.getClassInfo().empty());
+    MethodProviderInfo methodInfo;
+    provider.getMethodProviderInfo(methodInfo);
+    EXPECT_TRUE(methodInfo.getClassInfo().empty());
+    EXPECT_EQ(&provider, provider.getInstanceProvider());
+    EXPECT_EQ(&provider, provider.getMethodProvider());
+    EXPECT_EQ(nullptr, provider.getAssociatorProvider());
+    EXPECT_EQ(nullptr, provider.getIndicationProvider());
+    EXPECT_EQ(nullptr, provider.getPolledProvider());
+    EXPECT_TRUE(provider.canUnload());
+}
+
+} // namespace
