@@ -196,14 +196,23 @@ TEST_F(Library, GivesANewObjectAtEachCreation)
     EXPECT_NE(first.getPtr(), second.getPtr());
 }
 
-/// What initialize leaves to the process by design (the marking service's manager and its object) is no finding.
+/// What initialize leaves to the process by design (the marking service's manager and its object) is no
+/// finding.
 class ByDesign
 {
   public:
+    ByDesign() { setLeakCheck(false); }
+    ~ByDesign() { setLeakCheck(true); }
+    ByDesign(const ByDesign&) = delete;
+    ByDesign& operator=(const ByDesign&) = delete;
+
+  private:
+    static void setLeakCheck([[maybe_unused]] bool on)
+    {
 #ifdef __SANITIZE_ADDRESS__
-    ByDesign() { __lsan_disable(); }
-    ~ByDesign() { __lsan_enable(); }
+        on ? __lsan_enable() : __lsan_disable();
 #endif
+    }
 };
 
 TEST_F(Library, MayBeInitialisedTwiceInOneLoadAndAgainInTheNext)
