@@ -8,6 +8,9 @@
 #include <OW_RepositoryIFC.hpp>
 #include <OW_Types.hpp>
 
+#include <filesystem>
+#include <iterator>
+
 namespace fakes
 {
 
@@ -19,6 +22,13 @@ using OpenWBEM::String;
 
 namespace
 {
+
+/// How many descriptors the process has, always counted with the one of the counting itself.
+std::size_t openDescriptors()
+{
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return static_cast<std::size_t>(std::distance(begin(all), end(all)));
+}
 
 class RecordingLogger : public Logger
 {
@@ -68,7 +78,7 @@ OpenWBEM::ProviderEnvironmentIFCRef environment(const std::string& loggerName)
     return OpenWBEM::ProviderEnvironmentIFCRef(new Environment(loggerName));
 }
 
-ServerTest::ServerTest() : env(environment("request"))
+ServerTest::ServerTest() : env(environment("request")), m_descriptorsBefore(openDescriptors())
 {
     gLogger = recordingLogger("gLogger");
 }
@@ -82,6 +92,7 @@ void ServerTest::TearDown()
 {
     for (const std::string& problem : world.problems())
         ADD_FAILURE() << problem;
+    EXPECT_EQ(m_descriptorsBefore + world.descriptors.size(), openDescriptors()) << "descriptors left open";
 }
 
 } // namespace fakes

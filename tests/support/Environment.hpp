@@ -21,7 +21,8 @@ OpenWBEM::LoggerRef recordingLogger(const std::string& name);
 OpenWBEM::ProviderEnvironmentIFCRef environment(const std::string& loggerName);
 
 /// Base of the tests: a fresh world, gLogger set to a recording logger "gLogger", a request environment whose
-/// logger is "request". Whatever World::problems() finds at the end fails the test.
+/// logger is "request". Whatever World::problems() finds at the end fails the test, and so does a descriptor
+/// that the process has more than before without the world knowing of it.
 class ServerTest : public ::testing::Test
 {
   protected:
@@ -31,6 +32,9 @@ class ServerTest : public ::testing::Test
 
     World world;
     OpenWBEM::ProviderEnvironmentIFCRef env;
+
+  private:
+    std::size_t m_descriptorsBefore;
 };
 
 using Lines = std::vector<std::string>;

@@ -160,6 +160,7 @@ int __wrap_socket(int domain, int type, int protocol)
     const bool asExpected = domain == AF_INET && (type & ~SOCK_CLOEXEC) == SOCK_DGRAM && protocol == 0;
     if (!asExpected)
         world->problem("unknown kind of socket");
+    world->socketTypes.push_back(type);
     const std::string line = "socket";
     world->record(fakes::Kernel, line);
     if (const auto code = world->failureOf("socket", line)) {

@@ -102,6 +102,8 @@ class World
     std::map<std::string, Interface> interfaces; ///< eth0, eth1, eth2 at the start
     bool packetFilterPresent = true;             ///< whether /dev/kv_netfilter can be opened
 
+    std::vector<int> socketTypes; ///< the type argument of each socket call, in order
+
     // --- descriptors and streams that the product holds, by what they are
     std::map<int, std::string> descriptors;
     std::map<void*, std::string> streams;
