@@ -76,9 +76,9 @@ lane_style() {
     local files
     mapfile -t files < <(sources '*.cpp' '*.hpp' '*.h' '*.c' | grep -v '^tests/data/')
     clang-format-14 --dry-run --Werror "${files[@]}"
-    build dev
+    cmake --preset clang
     mapfile -t files < <(sources 'src/*.cpp' 'standins/platform/*.cpp' 'standins/cimom/*.cpp' 'tests/support/*.cpp')
-    printf '%s\0' "${files[@]}" | xargs -0 -P "$jobs" -n 1 clang-tidy-14 -p build/dev --quiet
+    printf '%s\0' "${files[@]}" | xargs -0 -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet
 }
 
 lane_unit() {

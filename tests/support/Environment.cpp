@@ -14,7 +14,6 @@
 namespace fakes
 {
 
-using OpenWBEM::ELogLevel;
 using OpenWBEM::Logger;
 using OpenWBEM::LoggerRef;
 using OpenWBEM::LogMessage;

@@ -12,7 +12,7 @@ int __real_fclose(FILE* stream);
 namespace fakes
 {
 
-StandardOutput::StandardOutput() : m_collected(std::tmpfile()), m_former(-1)
+StandardOutput::StandardOutput() : m_collected(std::tmpfile())
 {
     if (!m_collected)
         throw std::runtime_error("no temporary file for the standard output");

@@ -21,7 +21,7 @@ class StandardOutput
 
   private:
     std::FILE* m_collected;
-    int m_former;
+    int m_former = -1;
 };
 
 } // namespace fakes

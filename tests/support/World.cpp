@@ -111,7 +111,7 @@ std::vector<std::string> World::problems() const
     }
     for (const auto& [descriptor, what] : descriptors) {
         if (mayStayOpen.count(what) == 0)
-            all.push_back("descriptor left open: " + what);
+            all.emplace_back("descriptor left open: " + what);
     }
     for (const auto& stream : streams)
         all.push_back("stream left open: " + stream.second);
@@ -129,7 +129,7 @@ std::string World::real(const std::string& path) const
     return m_root + path;
 }
 
-void World::write(const std::string& path, const std::string& content)
+void World::write(const std::string& path, const std::string& content) const
 {
     std::ofstream(real(path), std::ios::binary) << content;
 }
@@ -146,7 +146,7 @@ bool World::exists(const std::string& path) const
     return fs::exists(real(path));
 }
 
-void World::makeDirectory(const std::string& path)
+void World::makeDirectory(const std::string& path) const
 {
     fs::create_directories(real(path));
 }

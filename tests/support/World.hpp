@@ -93,10 +93,10 @@ class World
 
     // --- files: absolute paths of the product are mapped into a temporary tree
     std::string real(const std::string& path) const;
-    void write(const std::string& path, const std::string& content);
+    void write(const std::string& path, const std::string& content) const;
     std::string read(const std::string& path) const; ///< "" when the file does not exist
     bool exists(const std::string& path) const;
-    void makeDirectory(const std::string& path);
+    void makeDirectory(const std::string& path) const;
 
     // --- the kernel
     std::map<std::string, Interface> interfaces; ///< eth0, eth1, eth2 at the start
