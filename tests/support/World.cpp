@@ -118,7 +118,7 @@ std::vector<std::string> World::problems() const
     if (!lineArrays.empty())
         all.push_back("line arrays not released: " + std::to_string(lineArrays.size()));
     if (semaphoreHeld)
-        all.push_back("the DHCP LAN semaphore is still held");
+        all.emplace_back("the DHCP LAN semaphore is still held");
     return all;
 }
 
