@@ -1,0 +1,107 @@
+"""./run shows the whole job, serves, or leaves a shell, as its help says."""
+import contextlib
+import os
+import signal
+import socket
+import subprocess
+import time
+
+import pytest
+
+from server import CHECKOUT
+
+RUN = str(CHECKOUT / "run")
+
+
+def run(*arguments, **options):
+    return subprocess.run([RUN, *arguments], capture_output=True, text=True, check=False, **options)
+
+
+def free_port():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        return probe.getsockname()[1]
+
+
+@pytest.fixture(scope="module")
+def walkthrough():
+    return run(stdin=subprocess.DEVNULL)
+
+
+def test_the_walk_through_ends_by_itself_with_everything_as_expected(walkthrough):
+    assert walkthrough.returncode == 0, walkthrough.stdout + walkthrough.stderr
+    assert walkthrough.stdout.endswith(" expectations came true, 0 did not.\n")
+    assert "[WRONG]" not in walkthrough.stdout
+    assert walkthrough.stderr == ""
+
+
+def test_the_walk_through_shows_all_three_classes_and_what_stands_in(walkthrough):
+    for shown in ("Stand-ins are:", "wbemcli ein pbx/root/cimv2:ORX_LANEndpoint", "ORX_LANServiceSetting",
+                  "ORX_ALGService", 'runcommand("ifdown eth1;ifup eth1") = 0', "0x8004AB05 1"):
+        assert shown in walkthrough.stdout
+
+
+def test_the_walk_through_fits_a_terminal_of_100_columns(walkthrough):
+    assert [line for line in walkthrough.stdout.splitlines() if len(line) > 100] == []
+
+
+def test_a_shell_has_the_object_manager_beside_it():
+    done = run("shell", input="wbemcli ein pbx/root/cimv2:ORX_LANEndpoint\nexit 7\n")
+    assert done.returncode == 7
+    assert [f'Name="eth{number}"' in done.stdout for number in (0, 1, 2)] == [True, True, True]
+
+
+@contextlib.contextmanager
+def serving(port):
+    process = subprocess.Popen([RUN, "serve", "--port", str(port)], stdout=subprocess.PIPE, text=True,
+                               stdin=subprocess.DEVNULL)
+    try:
+        yield process
+    finally:
+        process.send_signal(signal.SIGINT)
+        process.stdout.close()
+        process.wait(timeout=60)
+
+
+def ask(port, seconds=60.0):
+    """What a client on this machine is told, once the object manager answers."""
+    deadline = time.monotonic() + seconds
+    while True:
+        done = subprocess.run(["wbemcli", "ein", f"http://127.0.0.1:{port}/root/cimv2:ORX_LANEndpoint"],
+                              capture_output=True, text=True, check=False)
+        if done.returncode == 0 or time.monotonic() > deadline:
+            return done.stdout
+        time.sleep(0.2)
+
+
+def test_serving_answers_clients_of_this_machine_until_interrupted():
+    port = free_port()
+    with serving(port) as process:
+        assert 'Name="eth2"' in ask(port)
+        process.send_signal(signal.SIGINT)
+        assert process.wait(timeout=30) == 130
+    with pytest.raises(ConnectionRefusedError):
+        socket.create_connection(("127.0.0.1", port), timeout=5)
+
+
+def test_help_names_every_form():
+    done = run("--help")
+    assert done.returncode == 0
+    assert done.stdout.startswith("usage: ./run [--help] | ./run shell | ./run serve [--port N]\n")
+
+
+@pytest.mark.parametrize("arguments", [["unknown"], ["serve", "--port"], ["serve", "--port", "x"], ["shell", "extra"]])
+def test_a_wrong_command_line_shows_the_usage(arguments):
+    done = run(*arguments)
+    assert (done.returncode, done.stdout) == (2, "")
+    assert done.stderr.startswith("usage: ./run ")
+
+
+def test_missing_packages_stop_it_for_an_ordinary_user(tmp_path):
+    (tmp_path / "id").write_text("#!/bin/bash\necho 1000\n")
+    (tmp_path / "dpkg-query").write_text("#!/bin/bash\nexit 1\n")
+    for name in ("id", "dpkg-query"):
+        (tmp_path / name).chmod(0o755)
+    done = run(env=dict(os.environ, PATH=f"{tmp_path}:{os.environ['PATH']}"))
+    assert (done.returncode, done.stdout) == (1, "")
+    assert "  sudo apt-get install --no-install-recommends g++ clang-14 " in done.stderr
