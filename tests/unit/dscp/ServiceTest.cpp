@@ -1,0 +1,78 @@
+#include "ServiceTest.hpp"
+
+#include "dscLog.hpp"
+
+#include <cstdarg>
+#include <cstdio>
+
+namespace dscptest
+{
+
+const char* const section = "HTS\\DSCPMarking";
+
+std::string get(const std::string& key)
+{
+    return "KvuGetRegEntryUint16Ex 5 HTS\\DSCPMarking " + key;
+}
+
+std::string set(const std::string& key, unsigned int value)
+{
+    return "KvuSetRegEntryUint16Ex 5 HTS\\DSCPMarking " + key + " " + std::to_string(value);
+}
+
+std::string logged(unsigned int level, const std::string& text)
+{
+    return "KvuDiagAddLogEntry 2 " + std::to_string(level) + " -1 " + text;
+}
+
+std::string formatted(const char* format, ...)
+{
+    char buffer[1024];
+    va_list arguments;
+    va_start(arguments, format);
+    std::vsnprintf(buffer, sizeof buffer, format, arguments);
+    va_end(arguments);
+    return buffer;
+}
+
+Lines operator+(Lines first, const Lines& second)
+{
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+namespace
+{
+
+ORX_ALGServiceInstanceManager* goBackToDefaultManager()
+{
+    ORX_ALGService::ClearInstanceManager();
+    return ORX_ALGService::getInstanceManager();
+}
+
+void deleteServices(ORX_ALGServiceInstanceManager& manager)
+{
+    manager.startIteration();
+    while (manager.hasNext())
+        delete manager.next();
+    manager.endIteration();
+}
+
+} // namespace
+
+ServiceTest::ServiceTest() : defaultManager(goBackToDefaultManager())
+{
+    dscDiagHandle_g = world.diagHandle;
+}
+
+ServiceTest::~ServiceTest()
+{
+    ORX_ALGServiceInstanceManager* const installed = ORX_ALGService::getInstanceManager();
+    deleteServices(*installed);
+    if (installed != defaultManager) {
+        ORX_ALGService::ClearInstanceManager();
+        delete installed;
+    }
+}
+
+} // namespace dscptest
