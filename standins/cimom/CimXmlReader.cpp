@@ -151,8 +151,10 @@ CIMInstance readInstance(const pugi::xml_node& instance)
         }
     }
     CIMInstance result(instance.attribute("CLASSNAME").value());
-    result.setProperties(properties);
-    return result;
+    for (const pugi::xml_node& element : instance.children("QUALIFIER")) {
+        result.setQualifier(CIMQualifier(element.attribute("NAME").value()));
+    }
+    return result.setProperties(properties);
 }
 
 CIMValue readValue(const pugi::xml_node& parent, const String& type)

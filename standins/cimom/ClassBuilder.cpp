@@ -71,17 +71,25 @@ CIMValue convert(const MofValue& mof, const CIMDataType& type)
     return CIMValueCast::castValueToDataType(CIMValue(texts), type);
 }
 
-// The qualifiers that an element has beside its own because its superclass has them.
+// Adds the qualifiers that an element has because its superclass has them. One that the element repeats with
+// the same value counts as inherited, not as its own.
 void inheritQualifiers(CIMQualifierArray& own, const CIMQualifierArray& inherited)
 {
     for (CIMQualifier qualifier : inherited) {
+        if (qualifier.hasFlavor(CIMFlavor(CIMFlavor::RESTRICTED))) {
+            continue;
+        }
         const CIMName name = qualifier.getName();
-        const bool isOverridden = std::any_of(own.begin(), own.end(), [&name](const CIMQualifier& candidate) {
+        const auto repeated = std::find_if(own.begin(), own.end(), [&name](const CIMQualifier& candidate) {
             return candidate.getName() == name;
         });
-        if (!isOverridden && !qualifier.hasFlavor(CIMFlavor(CIMFlavor::RESTRICTED))) {
-            own.push_back(qualifier.setPropagated(true));
+        if (repeated != own.end() && repeated->getValue() != qualifier.getValue()) {
+            continue;
         }
+        if (repeated != own.end()) {
+            own.erase(repeated);
+        }
+        own.push_back(qualifier.setPropagated(true));
     }
 }
 

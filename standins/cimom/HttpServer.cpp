@@ -251,7 +251,7 @@ void HttpServer::Daemon::addMappingHeaders(const Response& response, bool isExte
         return;
     }
     const std::string number = std::to_string(10 + m_answers++ % 90);
-    addHeader(response, "Ext", "");
+    addHeader(response, "Ext", " "); // empty to a client; the library takes no empty value
     addHeader(response, "Man", "http://www.dmtf.org/cim/mapping/http/v1.0 ; ns=" + number);
     addHeader(response, (number + "-CIMOperation").c_str(), "MethodResponse");
 }

@@ -50,8 +50,14 @@ CIMObjectPath syncedPath(const CIMObjectPath& path, const CIMClass& cimClass)
 CIMInstance syncedInstance(const CIMInstance& instance, const CIMClass& cimClass)
 {
     CIMInstance result(instance);
-    result.syncWithClass(cimClass);
-    return result.setQualifiers(CIMQualifierArray());
+    result.syncWithClass(cimClass, WBEMFlags::E_EXCLUDE_QUALIFIERS);
+    CIMQualifierArray qualifiers;
+    for (const CIMQualifier& qualifier : instance.getQualifiers()) {
+        if (const CIMQualifier ofClass = cimClass.getQualifier(qualifier.getName())) {
+            qualifiers.push_back(ofClass);
+        }
+    }
+    return result.setQualifiers(qualifiers);
 }
 
 CIMInstance restrictedTo(const StringArray& names, const CIMInstance& instance)

@@ -1,0 +1,92 @@
+#include "Recording.hpp"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <pugixml.hpp>
+#include <sstream>
+#include <stdexcept>
+
+namespace cimom::test
+{
+namespace
+{
+
+namespace fs = std::filesystem;
+
+std::string contentOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        throw std::runtime_error("cannot read " + path.string());
+    }
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+Recording load(const fs::path& requestPath)
+{
+    fs::path path = requestPath;
+    Recording recording;
+    recording.name = path.stem().string();
+    recording.number = std::stoi(recording.name);
+    recording.request = contentOf(path);
+    const std::string response = contentOf(path.replace_extension(".response"));
+    if (response.rfind("HTTP/", 0) == 0) {
+        recording.response = parseReply(response);
+    } else {
+        recording.response.body = response;
+    }
+    recording.provider = contentOf(path.replace_extension(".provider"));
+    return recording;
+}
+
+std::string errorText(const std::string& code, std::string description)
+{
+    // The header form of an error has blanks for line breaks and one more at its end.
+    std::replace(description.begin(), description.end(), '\n', ' ');
+    description.erase(description.find_last_not_of(' ') + 1);
+    return "ERROR " + code + ": " + description;
+}
+
+} // namespace
+
+std::vector<Recording> allRecordings()
+{
+    std::vector<Recording> recordings;
+    for (const auto& entry : fs::directory_iterator(CIM_XML_DATA_DIR)) {
+        if (entry.path().extension() == ".request") {
+            recordings.push_back(load(entry.path()));
+        }
+    }
+    std::sort(recordings.begin(), recordings.end(), [](const Recording& left, const Recording& right) {
+        return left.number != right.number ? left.number < right.number : left.name < right.name;
+    });
+    return recordings;
+}
+
+std::string meaningOf(const HttpReply& reply)
+{
+    for (const auto& [name, code] : reply.headers) { // trailers, numbered
+        if (name.size() > 3 && name.substr(3) == "cimstatuscode") {
+            return errorText(code, reply.header(name.substr(0, 3) + "cimstatusdescription"));
+        }
+        if (name.size() > 3 && name.substr(3) == "cimerrorcode") { // to the earliest of OpenWBEM's clients
+            return errorText(code, reply.header(name.substr(0, 3) + "cimerrordescription"));
+        }
+    }
+    if (reply.status != 200 && reply.status != 0) {
+        return "HTTP " + std::to_string(reply.status);
+    }
+    pugi::xml_document document;
+    document.load_buffer(reply.body.data(), reply.body.size(),
+                         pugi::parse_default | pugi::parse_ws_pcdata_single);
+    if (const pugi::xml_node error = document.select_node("//ERROR").node()) {
+        return errorText(error.attribute("CODE").value(), error.attribute("DESCRIPTION").value());
+    }
+    std::ostringstream text;
+    document.print(text, "", pugi::format_raw | pugi::format_no_declaration);
+    return text.str();
+}
+
+} // namespace cimom::test
