@@ -100,3 +100,9 @@ lane_target() {
     build powerpc
     run_unit_tests powerpc target
 }
+
+lane_phy() {
+    ensure_packages packages-phy.txt
+    build dev --target phy_guest
+    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/phy.xml" tests/phy
+}
