@@ -14,6 +14,9 @@ namespace OpenWBEM
 class CIMDataType : public CIMBase
 {
   public:
+// CIMNULL is a type here and the null constructor's argument outside: both names are part of the interface.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
     enum Type {
         CIMNULL = 0,
         UINT8 = 1,
@@ -36,6 +39,7 @@ class CIMDataType : public CIMBase
         MAXDATATYPE = 18,
         INVALID = 99
     };
+#pragma GCC diagnostic pop
 
     CIMDataType(); // of type CIMNULL, not null
     explicit CIMDataType(CIMNULL_t);
