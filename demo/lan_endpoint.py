@@ -78,6 +78,7 @@ def changing_the_address(console):
         "/kv/bin/processcontrol stop voicemail",
         "ifdown eth1;ifup eth1",
         "/kv/bin/processcontrol start voicemail"])
+    console.expect("host table", "10.0.0.6 pbx.site.example pbx\n" in read("/etc/hosts"), True)
     console.expect("voice messaging runs again, as a new process", (voicemail_runs(), read(VOICEMAIL) != voicemail),
                    (True, True))
     console.expect("notice to the element management", "EmsIpAddressChange(1, 1, 0x2) = 0" in events, True)
@@ -166,4 +167,6 @@ def changing_the_gateway(console):
         "/kv/bin/updateFile gateway 10.0.0.254",
         "route delete default gw 10.0.0.1 eth1",
         "route add default gw 10.0.0.254 eth1"])
+    console.expect("gateway on file", ("GATEWAY=10.0.0.254\n" in read("/etc/sysconfig/network"),
+                                       "10.0.0.254 router.site.example router\n" in read("/etc/hosts")), (True, True))
     console.expect("default route in the kernel", routes.split(), "default via 10.0.0.254 dev eth1".split())

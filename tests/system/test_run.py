@@ -1,9 +1,12 @@
 """./run shows the whole job, serves, or leaves a shell, as its help says."""
 import contextlib
+import fcntl
 import os
+import select
 import signal
 import socket
 import subprocess
+import termios
 import time
 
 import pytest
@@ -49,6 +52,36 @@ def test_a_shell_has_the_object_manager_beside_it():
     done = run("shell", input="wbemcli ein pbx/root/cimv2:ORX_LANEndpoint\nexit 7\n")
     assert done.returncode == 7
     assert [f'Name="eth{number}"' in done.stdout for number in (0, 1, 2)] == [True, True, True]
+
+
+def test_an_interrupt_in_the_shell_ends_the_command_only():
+    terminal, other_end = os.openpty()
+    shell = subprocess.Popen([RUN, "shell"], stdin=other_end, stdout=other_end, stderr=other_end,
+                             start_new_session=True, preexec_fn=lambda: fcntl.ioctl(other_end, termios.TIOCSCTTY))
+    os.close(other_end)
+    try:
+        read_until(terminal, b"]# ")
+        os.write(terminal, b"echo sleeping; sleep 600\n")
+        read_until(terminal, b"sleeping\r\n")
+        time.sleep(0.5)
+        os.write(terminal, b"\x03")
+        read_until(terminal, b"]# ")
+        os.write(terminal, b"wbemcli ein pbx/root/cimv2:ORX_LANEndpoint; exit 7\n")
+        read_until(terminal, b'Name="eth2"')
+        assert shell.wait(timeout=30) == 7
+    finally:
+        shell.terminate()
+        shell.wait(timeout=30)
+        os.close(terminal)
+
+
+def read_until(terminal, text, seconds=60.0):
+    shown = b""
+    deadline = time.monotonic() + seconds
+    while text not in shown:
+        ready, _, _ = select.select([terminal], [], [], deadline - time.monotonic())
+        assert ready, f"{text!r} not in {shown!r}"
+        shown += os.read(terminal, 4096)
 
 
 @contextlib.contextmanager

@@ -192,6 +192,15 @@ def test_a_refused_namespace_is_named_and_has_its_own_exit_status():
     assert done.stderr.startswith("server: missing permission: this machine does not let root create a net namespace\n")
 
 
+def test_a_missing_tool_is_named(tmp_path):
+    for tool in ("bash", "env", "dirname", "readlink", "setpriv", "unshare", "nsenter"):
+        (tmp_path / tool).symlink_to(shutil.which(tool))
+    done = subprocess.run([RUN, "true"], stderr=subprocess.PIPE, text=True, check=False,
+                          env={"PATH": str(tmp_path)})
+    assert done.returncode == 1
+    assert done.stderr.endswith(" is not installed (see packages.txt)\n")
+
+
 @pytest.mark.parametrize("arguments", [[], ["--publish", "http", "true"], ["--unknown", "true"]])
 def test_a_wrong_command_line_shows_the_usage(arguments):
     done = subprocess.run([RUN, *arguments], stderr=subprocess.PIPE, text=True, check=False)
