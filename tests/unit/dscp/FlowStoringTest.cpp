@@ -36,7 +36,7 @@ class FlowStoring : public dscptest::ServiceTest
         std::uint16_t menu = 100;
         for (const FlowTexts& flow : flowTexts) {
             store(flow.menuKey, menu);
-            (service.*flow.setMenu)(menu++);
+            setMenu(service, flow, menu++);
         }
     }
 
@@ -75,8 +75,8 @@ class FlowMatrix : public FlowStoring, public testing::WithParamInterface<Case>
     {
         store(flow.menuKey, menuChanged ? 7 : menu);
         store(flow.tosByteKey, tosByteDiffers ? 8 : tosByte);
-        (service.*flow.setMenu)(menu);
-        (service.*flow.setTosByte)(customTosByte);
+        setMenu(service, flow, menu);
+        setTosByte(service, flow, customTosByte);
         // A failure that is never met would itself fail the test, so only calls that must come are made to
         // fail.
         if (menuFails && menuChanged)
@@ -150,7 +150,7 @@ class EachFlow : public FlowStoring, public testing::WithParamInterface<int>
 TEST_P(EachFlow, AnAbsentMenuValueIsWrittenLikeAChange)
 {
     world.registry.erase({dscptest::section, flow.menuKey});
-    (service.*flow.setMenu)(fixed);
+    setMenu(service, flow, fixed);
     expectStored(
         flow, {get(flow.menuKey), logged(1, formatted(flow.menuRead, 0x20000D)), set(flow.menuKey, 184),
                set(flow.tosByteKey, 184), logged(8, formatted(flow.bothWritten, 184, 184)),
@@ -160,7 +160,7 @@ TEST_P(EachFlow, AnAbsentMenuValueIsWrittenLikeAChange)
 TEST_P(EachFlow, AMenuValueThatCannotBeReadIsWrittenLikeAChange)
 {
     store(flow.menuKey, fixed);
-    (service.*flow.setMenu)(fixed);
+    setMenu(service, flow, fixed);
     failRead(flow.menuKey, 0x80004005);
     expectStored(
         flow, {get(flow.menuKey), logged(1, formatted(flow.menuRead, 0x80004005)), set(flow.menuKey, 184),
@@ -170,15 +170,15 @@ TEST_P(EachFlow, AMenuValueThatCannotBeReadIsWrittenLikeAChange)
 
 TEST_P(EachFlow, AMenuValueThatCannotBeReadCountsAsZero)
 {
-    (service.*flow.setMenu)(0);
+    setMenu(service, flow, 0);
     failRead(flow.menuKey, 11);
     expectStored(flow, {get(flow.menuKey), logged(1, formatted(flow.menuRead, 11))});
 }
 
 TEST_P(EachFlow, AReadAndBothWritesThatFailAreAllLogged)
 {
-    (service.*flow.setMenu)(custom);
-    (service.*flow.setTosByte)(customTosByte);
+    setMenu(service, flow, custom);
+    setTosByte(service, flow, customTosByte);
     failRead(flow.menuKey, 11);
     world.failNth(1, "KvuSetRegEntryUint16Ex", 12, flow.menuKey);
     world.failNth(1, "KvuSetRegEntryUint16Ex", 13, flow.tosByteKey);
@@ -190,8 +190,8 @@ TEST_P(EachFlow, AReadAndBothWritesThatFailAreAllLogged)
 TEST_P(EachFlow, AnAbsentCustomTosByteIsWritten)
 {
     store(flow.menuKey, custom);
-    (service.*flow.setMenu)(custom);
-    (service.*flow.setTosByte)(customTosByte);
+    setMenu(service, flow, custom);
+    setTosByte(service, flow, customTosByte);
     expectStored(flow,
                  {get(flow.menuKey), get(flow.tosByteKey), logged(1, formatted(flow.tosByteRead, 0x20000D)),
                   set(flow.tosByteKey, 46), logged(8, formatted(flow.customWritten, 46))});
@@ -201,8 +201,8 @@ TEST_P(EachFlow, ACustomTosByteThatCannotBeReadNorWrittenIsLoggedTwice)
 {
     store(flow.menuKey, custom);
     store(flow.tosByteKey, customTosByte);
-    (service.*flow.setMenu)(custom);
-    (service.*flow.setTosByte)(customTosByte);
+    setMenu(service, flow, custom);
+    setTosByte(service, flow, customTosByte);
     failRead(flow.tosByteKey, 0x80004005);
     world.failNth(1, "KvuSetRegEntryUint16Ex", 12, flow.tosByteKey);
     expectStored(flow,
@@ -213,8 +213,8 @@ TEST_P(EachFlow, ACustomTosByteThatCannotBeReadNorWrittenIsLoggedTwice)
 TEST_P(EachFlow, ACustomTosByteThatCannotBeReadCountsAsZero)
 {
     store(flow.menuKey, custom);
-    (service.*flow.setMenu)(custom);
-    (service.*flow.setTosByte)(0);
+    setMenu(service, flow, custom);
+    setTosByte(service, flow, 0);
     failRead(flow.tosByteKey, 11);
     expectStored(flow, {get(flow.menuKey), get(flow.tosByteKey), logged(1, formatted(flow.tosByteRead, 11))});
 }
@@ -223,8 +223,8 @@ TEST_P(EachFlow, ATosByteSetWhileTheMenuIsNotCustomIsReplacedByTheMenuValue)
 {
     store(flow.menuKey, fixed);
     store(flow.tosByteKey, 8);
-    (service.*flow.setMenu)(fixed);
-    (service.*flow.setTosByte)(customTosByte);
+    setMenu(service, flow, fixed);
+    setTosByte(service, flow, customTosByte);
     expectStored(flow, {get(flow.menuKey)});
     EXPECT_EQ(valueOf(service, flow.getTosByte), fixed);
     EXPECT_EQ(stored(flow.tosByteKey), 8);
@@ -233,8 +233,8 @@ TEST_P(EachFlow, ATosByteSetWhileTheMenuIsNotCustomIsReplacedByTheMenuValue)
 TEST_P(EachFlow, OnlyTheValue258IsCustom)
 {
     for (const std::uint16_t menu : std::initializer_list<std::uint16_t>{257, 259, 255, 65535}) {
-        (service.*flow.setMenu)(menu);
-        (service.*flow.setTosByte)(customTosByte);
+        setMenu(service, flow, menu);
+        setTosByte(service, flow, customTosByte);
         service.endChange();
         EXPECT_EQ(valueOf(service, flow.getTosByte), menu);
         EXPECT_EQ(stored(flow.menuKey), menu);
@@ -247,7 +247,7 @@ INSTANTIATE_TEST_SUITE_P(AllFlows, EachFlow, testing::Range(0, 4));
 TEST_F(FlowStoring, AllFlowsAreStoredInTheirOrder)
 {
     for (const FlowTexts& flow : flowTexts)
-        (service.*flow.setMenu)(fixed);
+        setMenu(service, flow, fixed);
     service.endChange();
     EXPECT_EQ(
         world.journal(fakes::Registry),
@@ -260,7 +260,7 @@ TEST_F(FlowStoring, AllFlowsAreStoredInTheirOrder)
 TEST_F(FlowStoring, ADeadRegistryIsNoFailureOfTheChange)
 {
     for (const FlowTexts& flow : flowTexts)
-        (service.*flow.setMenu)(fixed);
+        setMenu(service, flow, fixed);
     world.failAll("KvuGetRegEntryUint16Ex", 5);
     world.failAll("KvuSetRegEntryUint16Ex", 6);
     EXPECT_EQ(service.endChange(), 0u);
@@ -270,7 +270,7 @@ TEST_F(FlowStoring, ADeadRegistryIsNoFailureOfTheChange)
 
 TEST_F(FlowStoring, ALaterChangeComparesWithTheRegistryAgain)
 {
-    (service.*flowTexts[0].setMenu)(fixed);
+    setMenu(service, flowTexts[0], fixed);
     world.failNth(1, "KvuSetRegEntryUint16Ex", 6, "voipsigmenu");
     service.endChange();
     world.clearJournal();

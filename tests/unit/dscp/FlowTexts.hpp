@@ -92,6 +92,16 @@ const FlowTexts flowTexts[] = {
 };
 // clang-format on
 
+inline std::uint32_t setMenu(ORX_ALGService& service, const FlowTexts& flow, std::uint16_t value)
+{
+    return (service.*flow.setMenu)(value);
+}
+
+inline std::uint32_t setTosByte(ORX_ALGService& service, const FlowTexts& flow, std::uint16_t value)
+{
+    return (service.*flow.setTosByte)(value);
+}
+
 } // namespace dscptest
 
 #endif

@@ -55,8 +55,8 @@ TEST_F(ServiceImpl, EverySetterStoresAnyValueForItsOwnGetterAndTouchesNothingEls
     EXPECT_TRUE(valueOf(service, &ORX_ALGServiceImpl::getKLonKLEnabled));
     std::uint16_t value = 65500;
     for (const FlowTexts& flow : flowTexts) {
-        EXPECT_EQ((service.*flow.setMenu)(value++), 0u);
-        EXPECT_EQ((service.*flow.setTosByte)(value++), 0u);
+        EXPECT_EQ(setMenu(service, flow, value++), 0u);
+        EXPECT_EQ(setTosByte(service, flow, value++), 0u);
     }
     value = 65500;
     for (const FlowTexts& flow : flowTexts) {

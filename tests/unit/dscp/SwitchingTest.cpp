@@ -129,8 +129,8 @@ TEST_F(Switching, PresetsReplaceWhatTheSameRequestSet)
         store("KLonKLEnabled", enabled ? 0 : 1);
         for (const FlowTexts& flow : flowTexts) {
             store(flow.menuKey, 0);
-            (service.*flow.setMenu)(258);
-            (service.*flow.setTosByte)(46);
+            setMenu(service, flow, 258);
+            setTosByte(service, flow, 46);
         }
         world.clearJournal();
         switchTo(enabled);
@@ -145,8 +145,8 @@ TEST_F(Switching, PresetsReplaceWhatTheSameRequestSetAlsoWhenTheSwitchCannotBeWr
         store("KLonKLEnabled", enabled ? 0 : 1);
         for (const FlowTexts& flow : flowTexts) {
             store(flow.menuKey, 0);
-            (service.*flow.setMenu)(258);
-            (service.*flow.setTosByte)(46);
+            setMenu(service, flow, 258);
+            setTosByte(service, flow, 46);
         }
         world.clearJournal();
         world.failNth(1, "KvuSetRegEntryUint16Ex", 12, "KLonKLEnabled");
