@@ -40,7 +40,7 @@ class Console:
         print("\n" + textwrap.fill(" ".join(text.split()), WIDTH), flush=True)
 
     def client(self, *arguments, only=None):
-        """Runs wbemcli and shows command and answer, or only the answer's lines with these words; returns what it showed."""
+        """Runs wbemcli and shows command and answer, or only the answer's lines with these words, and returns them."""
         command = " ".join(["wbemcli", *(shlex.quote(argument) for argument in arguments)])
         if only:
             command += f" | grep -E {shlex.quote('|'.join(only))}"

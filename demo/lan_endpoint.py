@@ -48,8 +48,8 @@ def listing(console):
 
 def reading(console):
     console.chapter("Reading the customer LAN")
-    console.say("""An interface can also be asked for by its description. The speed is the fallback for an interface without MII
-                registers.""")
+    console.say("""An interface can also be asked for by its description. The speed is the fallback for an interface
+                without MII registers.""")
     answer = properties(console.client("-nl", "gi", f'{CLASS}.Name="Customer LAN"'))
     console.expect("name", answer.get("Name"), "eth1")
     console.expect("address as in the kernel", f"{answer.get('IPAddress')}/24", address())
@@ -63,8 +63,8 @@ def reading(console):
 
 def changing_the_address(console):
     console.chapter("Changing its address")
-    console.say("""Voice messaging is stopped around the restart of the interface, and the DHCP service and the element management
-                are told. The client sends the whole instance back, so that the MTU is set once more, too.""")
+    console.say("""Voice messaging is stopped around the restart of the interface, and the DHCP service and the element
+                management are told. The client sends the whole instance back, so that the MTU is set once more.""")
     console.shell("ip -brief -4 address show dev eth1")
     voicemail = read(VOICEMAIL)
     console.client("mi", ETH1, 'IPAddress="10.0.0.6"')
@@ -151,8 +151,8 @@ def switching_dhcp_off(console):
     console.client("mi", ETH1, "isDhcpEnabled=false")
     console.events()
     console.shell(f"cat {IFCFG}")
-    console.expect("fixed address on file", (f"IPADDR={leased[:-3]}\n" in read(IFCFG), "BOOTPROTO=static\n" in read(IFCFG)),
-                   (True, True))
+    console.expect("fixed address on file",
+                   (f"IPADDR={leased[:-3]}\n" in read(IFCFG), "BOOTPROTO=static\n" in read(IFCFG)), (True, True))
     console.expect("address kept", address(), leased)
 
 

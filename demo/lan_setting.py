@@ -55,8 +55,8 @@ def changing_a_name_server(console):
 
 def switching_a_filter(console):
     console.chapter("Switching the packet filter")
-    console.say("""The switch is kept in a file and told to the driver. The recorder that plays the driver shows the request and
-                value that arrived.""")
+    console.say("""The switch is kept in a file and told to the driver. The recorder that plays the driver shows the
+                request and value that arrived.""")
     console.client("mi", SETTING, "isBroadcastFilterEnabled=true")
     console.shell("cat /kv/etc/kv_netfilter.cfg; cat $KV_NETFILTER_LOG")
     console.expect("switch on file", "kv_netfilter_broadcast   1\n" in read("/kv/etc/kv_netfilter.cfg"), True)

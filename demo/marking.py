@@ -48,4 +48,5 @@ def reading_the_log(console):
     log = read(STATE / "ORX_DSCP.log")
     console.expect("custom byte noted",
                    "Wrote new QoSMarkVOIPSignaling: 258 and TOSByteSignaling: 46 into the PDR" in log, True)
-    console.expect("preset noted", "Wrote new QoSMarkVideoMedia: 140 and TOSByteVideoMedia: 140 into the PDR" in log, True)
+    console.expect("preset noted",
+                   "Wrote new QoSMarkVideoMedia: 140 and TOSByteVideoMedia: 140 into the PDR" in log, True)

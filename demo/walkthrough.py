@@ -1,7 +1,7 @@
 """Walks through what a management client can do with the provider, on the disposable server.
 
-Every command is the client's own (wbemcli); what the server then looks like comes from the kernel (ip), its files and the
-platform's event log, and is compared with what ought to have happened.
+Every command is the client's own (wbemcli); what the server then looks like comes from the kernel (ip), its files
+and the platform's event log, and is compared with what ought to have happened.
 """
 import sys
 
@@ -12,10 +12,10 @@ from console import Console
 
 INTRODUCTION = """
     The provider libLANProvider.so is the product. On the server it is loaded by the OpenWBEM object manager; here the
-    project's own object manager (kv-cimom) loads it. Kernel, network interfaces, files, DHCP client and server and the client
-    wbemcli are real. Stand-ins are: the object manager, the platform's libraries (registry, diagnostics, notices to
-    other components: lines of events.log), the helper scripts under /kv/bin, voice messaging (a process that sleeps), the router
-    card (a file) and the packet filter's driver (its ioctls are recorded, no packet is filtered).
+    project's own object manager (kv-cimom) loads it. Kernel, network interfaces, files, DHCP client and server and the
+    client wbemcli are real. Stand-ins are: the object manager, the platform's libraries (registry, diagnostics, notices
+    to other components: lines of events.log), the helper scripts under /kv/bin, voice messaging (a process that
+    sleeps), the router card (a file) and the packet filter's driver (its ioctls are recorded, no packet is filtered).
 """
 
 
