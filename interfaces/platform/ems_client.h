@@ -1,6 +1,8 @@
 #ifndef EMS_CLIENT_H
 #define EMS_CLIENT_H
 
+/* For C too: NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using) */
+
 /*
  * Client of the server's element-management service (EMS), which is told when an interface changes its
  * address. One connection a process: open, announce, leave the service time to answer, close.
@@ -57,5 +59,7 @@ int EmsConnectionClose(void);
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND(modernize-deprecated-headers, modernize-use-using) */
 
 #endif

@@ -1,6 +1,8 @@
 #ifndef KVU_DIAG_H
 #define KVU_DIAG_H
 
+/* For C too: NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using) */
+
 /*
  * The server's diagnostics log. A program part registers itself as a module with a log file of its own, adds
  * entries under the handle it was given and deregisters when it ends. The functions may be called from any
@@ -54,5 +56,7 @@ unsigned int KvuDiagAddLogEntry(KvuDiagHandle handle, int destination, uint16_t 
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND(modernize-deprecated-headers, modernize-use-using) */
 
 #endif

@@ -1,6 +1,8 @@
 #ifndef KVU_REGISTRY_H
 #define KVU_REGISTRY_H
 
+/* For C too: NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using) */
+
 /*
  * The server's registry, also called the persistent data repository (PDR): small values that survive a
  * restart, each found by an area, a key path and a value name.
@@ -37,5 +39,7 @@ unsigned int KvuSetRegEntryUint16Ex(int area, const char* keyPath, const char* v
 #ifdef __cplusplus
 }
 #endif
+
+/* NOLINTEND(modernize-deprecated-headers, modernize-use-using) */
 
 #endif

@@ -18,8 +18,8 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <string>
-#include <system_error>
 
 namespace
 {
@@ -48,7 +48,7 @@ struct Ends {
 int checked(int result, const char* what)
 {
     if (result < 0)
-        throw std::system_error(errno, std::generic_category(), what);
+        throw std::runtime_error(std::string(what) + ": " + lastError());
     return result;
 }
 

@@ -46,7 +46,7 @@ ChildProcess::~ChildProcess()
     wait();
 }
 
-void ChildProcess::kill()
+void ChildProcess::kill() const
 {
     ::kill(m_pid, SIGKILL);
 }
@@ -79,13 +79,13 @@ Signal::~Signal()
     ::close(m_write);
 }
 
-void Signal::send()
+void Signal::send() const
 {
     if (::write(m_write, "!", 1) != 1)
         fail("write");
 }
 
-void Signal::wait()
+void Signal::wait() const
 {
     char received = 0;
     if (::read(m_read, &received, 1) != 1)

@@ -16,7 +16,7 @@ class ChildProcess
     /** Kills a process that is still running. */
     ~ChildProcess();
 
-    void kill();
+    void kill() const;
 
     /** The exit status once it has ended; 256 and the signal's number when a signal ended it. */
     int wait();
@@ -36,8 +36,8 @@ class Signal
     Signal(const Signal&) = delete;
     Signal& operator=(const Signal&) = delete;
     ~Signal();
-    void send();
-    void wait();
+    void send() const;
+    void wait() const;
 
   private:
     int m_read = -1;

@@ -17,9 +17,16 @@ std::string readFile(const std::string& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/** In memory where possible: the registry waits for the disk at every write. */
+std::filesystem::path temporaryRoot()
+{
+    const char* memory = "/dev/shm";
+    return ::access(memory, W_OK) == 0 ? memory : std::filesystem::temp_directory_path();
+}
+
 std::string makeTemporaryDirectory()
 {
-    std::string path = (std::filesystem::temp_directory_path() / "kvplatform-XXXXXX").string();
+    std::string path = (temporaryRoot() / "kvplatform-XXXXXX").string();
     if (::mkdtemp(path.data()) == nullptr)
         throw std::filesystem::filesystem_error("mkdtemp", path,
                                                 std::error_code(errno, std::generic_category()));

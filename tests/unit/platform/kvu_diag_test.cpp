@@ -2,8 +2,7 @@
 
 #include "PlatformTest.hpp"
 
-#include <algorithm>
-#include <regex>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -29,8 +28,20 @@ class Diagnostics : public PlatformTest
     /** The log with each line's time, which must be there, replaced by "TIME". */
     std::string log() const
     {
-        const std::regex time("(^|\n)\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\dZ ");
-        return std::regex_replace(contents("ORX_DSCP.log"), time, "$1TIME ");
+        std::istringstream lines(contents("ORX_DSCP.log"));
+        std::string result;
+        for (std::string line; std::getline(lines, line);)
+            result += isTime(line.substr(0, 20)) ? "TIME" + line.substr(20) + "\n" : line + "\n";
+        return result;
+    }
+
+  private:
+    static bool isTime(const std::string& text)
+    {
+        std::string shape = text;
+        for (char& c : shape)
+            c = c >= '0' && c <= '9' ? '9' : c;
+        return shape == "9999-99-99T99:99:99Z";
     }
 };
 
@@ -170,6 +181,7 @@ TEST_F(Diagnostics, EntriesOfSeveralThreadsNeverMix)
             KvuDiagAddLogEntry(handle, 2, 8, -1, "0123456789");
     };
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i)
         threads.emplace_back(add);
     for (std::thread& thread : threads)

@@ -92,6 +92,7 @@ TEST_F(LanSemaphoreTest, OneThreadAtATimeHoldsIt)
         }
     };
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i)
         threads.emplace_back(work);
     for (std::thread& thread : threads)

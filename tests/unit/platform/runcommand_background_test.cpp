@@ -42,7 +42,7 @@ void end(const std::string& pid)
 
 TEST_F(BackgroundCommand, IsNotWaitedFor)
 {
-    const CommandRun run("sleep 100 & echo $!");
+    const CommandRun run = execute("sleep 100 & echo $!");
     EXPECT_TRUE(isPrompt());
     EXPECT_EQ(run.status, 0);
     ASSERT_EQ(run.output.size(), 1U);
@@ -51,7 +51,7 @@ TEST_F(BackgroundCommand, IsNotWaitedFor)
 
 TEST_F(BackgroundCommand, DoesNotHideTheShellsOutputOrStatus)
 {
-    const CommandRun run("sleep 100 & echo $!; echo out; echo err >&2; exit 5");
+    const CommandRun run = execute("sleep 100 & echo $!; echo out; echo err >&2; exit 5");
     EXPECT_TRUE(isPrompt());
     EXPECT_EQ(run.status, 5);
     ASSERT_EQ(run.output.size(), 2U);
@@ -62,7 +62,7 @@ TEST_F(BackgroundCommand, DoesNotHideTheShellsOutputOrStatus)
 
 TEST_F(BackgroundCommand, ThatWritesWithoutEndIsNotCollectedWithoutEnd)
 {
-    const CommandRun run("yes & echo $! >&2");
+    const CommandRun run = execute("yes & echo $! >&2");
     EXPECT_TRUE(isPrompt());
     ASSERT_EQ(run.error.size(), 1U);
     end(run.error.front());
@@ -72,8 +72,8 @@ TEST_F(BackgroundCommand, LivesOnWhenItWritesAfterwards)
 {
     const int go = openFifo("go");
     const int survived = openFifo("survived");
-    const CommandRun run("(read word < " + path("go") + "; echo late; echo late >&2; echo yes > " +
-                         path("survived") + ") &");
+    const CommandRun run = execute("(read word < " + path("go") + "; echo late; echo late >&2; echo yes > " +
+                                   path("survived") + ") &");
     EXPECT_TRUE(isPrompt());
     EXPECT_EQ(run.text(), "");
     EXPECT_EQ(::write(go, "go\n", 3), 3);

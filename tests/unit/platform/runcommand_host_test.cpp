@@ -49,8 +49,8 @@ void doNothing(int /*signal*/) {}
 /** 0 when the status and the output of two commands arrive whole. */
 int runBoth()
 {
-    const CommandRun failing("echo out; echo err >&2; exit 7");
-    const CommandRun large("seq 1 20000");
+    const CommandRun failing = execute("echo out; echo err >&2; exit 7");
+    const CommandRun large = execute("seq 1 20000");
     const bool good = failing.status == 7 && failing.text() == "out\n" && failing.errorText() == "err\n" &&
                       large.status == 0 && large.output.size() == 20000;
     return good ? 0 : 1;
@@ -102,7 +102,7 @@ TEST_F(HostOfRunCommand, DoesNotPassItsSignalTreatmentOn)
         sigset_t all;
         ::sigfillset(&all);
         ::sigprocmask(SIG_SETMASK, &all, nullptr);
-        const CommandRun run("grep -E '^Sig(Blk|Ign)' /proc/self/status");
+        const CommandRun run = execute("grep -E '^Sig(Blk|Ign)' /proc/self/status");
         return run.text() == "SigBlk:\t0000000000000000\nSigIgn:\t0000000000000000\n" ? 0 : 1;
     });
     EXPECT_EQ(status, 0);
@@ -113,7 +113,7 @@ TEST_F(HostOfRunCommand, KeepsItsOwnSignalMask)
     sigset_t before;
     sigset_t after;
     ::pthread_sigmask(SIG_SETMASK, nullptr, &before);
-    CommandRun("true");
+    execute("true");
     ::pthread_sigmask(SIG_SETMASK, nullptr, &after);
     for (int number = 1; number < NSIG; ++number)
         EXPECT_EQ(sigismember(&before, number), sigismember(&after, number)) << number;
@@ -123,7 +123,8 @@ TEST_F(HostOfRunCommand, DoesNotPassItsDescriptorsOn)
 {
     const int inheritable = ::open("/dev/null", O_RDONLY);
     ASSERT_EQ(::dup2(inheritable, 57), 57);
-    const CommandRun run("for fd in 0 1 2 3 4 5 6 7 8 9 57; do test -e /proc/self/fd/$fd && echo $fd; done");
+    const CommandRun run =
+        execute("for fd in 0 1 2 3 4 5 6 7 8 9 57; do test -e /proc/self/fd/$fd && echo $fd; done");
     EXPECT_THAT(run.output, ElementsAre("0\n", "1\n", "2\n"));
     ::close(57);
     ::close(inheritable);
@@ -147,21 +148,30 @@ TEST_F(HostOfRunCommand, KeepsNoDescriptorsAndNoChildren)
         return std::distance(begin(entries), end(entries));
     };
     const auto before = openDescriptors();
-    CommandRun("echo a; echo b >&2; exit 1", "input");
-    CommandRun("true &");
+    execute("echo a; echo b >&2; exit 1", "input");
+    execute("true &");
     EXPECT_EQ(openDescriptors(), before);
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
+}
+
+/** Leaves the process two free descriptors; a command needs more. */
+void useUpDescriptors()
+{
+    const rlimit limit = {64, 64};
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    while (::open("/dev/null", O_RDONLY | O_CLOEXEC) >= 0) {
+    }
+    ::close(62);
+    ::close(63);
 }
 
 TEST_F(HostOfRunCommand, WithoutFreeDescriptorsIsTold)
 {
     const std::string told = complaints([] {
         EXPECT_EQ(inChild([] {
-                      const rlimit limit = {3, 3};
-                      ::setrlimit(RLIMIT_NOFILE, &limit);
-                      ::close(STDIN_FILENO);
-                      const CommandRun run("echo a");
+                      useUpDescriptors();
+                      const CommandRun run = execute("echo a");
                       return run.status == -1 && !run.hasOutputArray && !run.hasErrorArray ? 0 : 1;
                   }),
                   0);
@@ -173,10 +183,11 @@ TEST_F(HostOfRunCommand, MayRunCommandsOnSeveralThreads)
 {
     std::atomic<int> failures = 0;
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&failures, i] {
             for (int round = 0; round < 5; ++round) {
-                const CommandRun run("echo " + std::to_string(i) + "; exit " + std::to_string(i));
+                const CommandRun run = execute("echo " + std::to_string(i) + "; exit " + std::to_string(i));
                 if (run.status != i || run.text() != std::to_string(i) + "\n")
                     ++failures;
             }

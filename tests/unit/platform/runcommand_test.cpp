@@ -17,7 +17,7 @@ class RunCommand : public PlatformTest
 
 TEST_F(RunCommand, LinesKeepTheirLineBreaks)
 {
-    const CommandRun run("echo a; echo b");
+    const CommandRun run = execute("echo a; echo b");
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output, ElementsAre("a\n", "b\n"));
     EXPECT_THAT(run.error, IsEmpty());
@@ -25,32 +25,32 @@ TEST_F(RunCommand, LinesKeepTheirLineBreaks)
 
 TEST_F(RunCommand, ALastLineWithoutLineBreakStaysWithout)
 {
-    EXPECT_THAT(CommandRun("printf 'a\\nb'").output, ElementsAre("a\n", "b"));
-    EXPECT_THAT(CommandRun("printf a").output, ElementsAre("a"));
+    EXPECT_THAT(execute("printf 'a\\nb'").output, ElementsAre("a\n", "b"));
+    EXPECT_THAT(execute("printf a").output, ElementsAre("a"));
 }
 
 TEST_F(RunCommand, EmptyLinesAndCarriageReturnsAreKept)
 {
-    EXPECT_THAT(CommandRun("printf '\\n\\na\\r\\n\\n'").output, ElementsAre("\n", "\n", "a\r\n", "\n"));
+    EXPECT_THAT(execute("printf '\\n\\na\\r\\n\\n'").output, ElementsAre("\n", "\n", "a\r\n", "\n"));
 }
 
 TEST_F(RunCommand, BothStreamsAreToldApart)
 {
-    const CommandRun run("echo out; echo err >&2; echo out2; echo err2 >&2");
+    const CommandRun run = execute("echo out; echo err >&2; echo out2; echo err2 >&2");
     EXPECT_THAT(run.output, ElementsAre("out\n", "out2\n"));
     EXPECT_THAT(run.error, ElementsAre("err\n", "err2\n"));
 }
 
 TEST_F(RunCommand, StreamsOpenedByNameAddToTheOutput)
 {
-    const CommandRun run("echo a; echo b > /dev/stdout; echo c; echo d > /dev/stderr");
+    const CommandRun run = execute("echo a; echo b > /dev/stdout; echo c; echo d > /dev/stderr");
     EXPECT_THAT(run.output, ElementsAre("a\n", "b\n", "c\n"));
     EXPECT_THAT(run.error, ElementsAre("d\n"));
 }
 
 TEST_F(RunCommand, ASilentCommandGivesNoArrays)
 {
-    const CommandRun run("true");
+    const CommandRun run = execute("true");
     EXPECT_EQ(run.status, 0);
     EXPECT_FALSE(run.hasOutputArray);
     EXPECT_FALSE(run.hasErrorArray);
@@ -58,71 +58,71 @@ TEST_F(RunCommand, ASilentCommandGivesNoArrays)
 
 TEST_F(RunCommand, TheExitStatusIsReturnedWithTheOutput)
 {
-    const CommandRun run("echo before; exit 3");
+    const CommandRun run = execute("echo before; exit 3");
     EXPECT_EQ(run.status, 3);
     EXPECT_THAT(run.output, ElementsAre("before\n"));
 }
 
 TEST_F(RunCommand, ASignalCountsFrom128)
 {
-    EXPECT_EQ(CommandRun("kill -TERM $$").status, 143);
-    EXPECT_EQ(CommandRun("kill -KILL $$").status, 137);
+    EXPECT_EQ(execute("kill -TERM $$").status, 143);
+    EXPECT_EQ(execute("kill -KILL $$").status, 137);
 }
 
 TEST_F(RunCommand, AnUnknownCommandIsTheShellsFailure)
 {
-    const CommandRun run("/no/such/command");
+    const CommandRun run = execute("/no/such/command");
     EXPECT_EQ(run.status, 127);
     EXPECT_NE(run.errorText().find("/no/such/command"), std::string::npos);
 }
 
 TEST_F(RunCommand, ABrokenLineIsTheShellsFailure)
 {
-    EXPECT_NE(CommandRun("echo 'unfinished").status, 0);
+    EXPECT_NE(execute("echo 'unfinished").status, 0);
 }
 
 TEST_F(RunCommand, TheLineGoesThroughTheShell)
 {
-    EXPECT_THAT(CommandRun("printf 'b\\na\\n' | sort && x=1; echo $((x + 1))").output,
+    EXPECT_THAT(execute("printf 'b\\na\\n' | sort && x=1; echo $((x + 1))").output,
                 ElementsAre("a\n", "b\n", "2\n"));
 }
 
 TEST_F(RunCommand, AnEmptyLineSucceeds)
 {
-    EXPECT_EQ(CommandRun("").status, 0);
+    EXPECT_EQ(execute("").status, 0);
 }
 
 TEST_F(RunCommand, WithoutInputTheCommandReadsNothing)
 {
-    const CommandRun run("cat");
+    const CommandRun run = execute("cat");
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output, IsEmpty());
 }
 
 TEST_F(RunCommand, InputReachesTheCommand)
 {
-    EXPECT_THAT(CommandRun("cat", "one\ntwo").output, ElementsAre("one\n", "two"));
-    EXPECT_THAT(CommandRun("cat", "").output, IsEmpty());
+    EXPECT_THAT(execute("cat", "one\ntwo").output, ElementsAre("one\n", "two"));
+    EXPECT_THAT(execute("cat", "").output, IsEmpty());
 }
 
 TEST_F(RunCommand, InputOfMegabytesReachesTheCommandWhole)
 {
     const std::string input(3U << 20U, 'i');
-    EXPECT_THAT(CommandRun("wc -c", input.c_str()).output, ElementsAre("3145728\n"));
-    EXPECT_EQ(CommandRun("cat", input.c_str()).text(), input);
+    EXPECT_THAT(execute("wc -c", input.c_str()).output, ElementsAre("3145728\n"));
+    EXPECT_EQ(execute("cat", input.c_str()).text(), input);
 }
 
 TEST_F(RunCommand, InputThatIsNotReadDoesNoHarm)
 {
     const std::string input(3U << 20U, 'i');
-    EXPECT_EQ(CommandRun("true", input.c_str()).status, 0);
-    EXPECT_THAT(CommandRun("exec <&-; echo closed", input.c_str()).output, ElementsAre("closed\n"));
+    EXPECT_EQ(execute("true", input.c_str()).status, 0);
+    EXPECT_THAT(execute("exec <&-; echo closed", input.c_str()).output, ElementsAre("closed\n"));
 }
 
 TEST_F(RunCommand, MegabytesOnBothStreamsAtOnceAreCollectedWhole)
 {
-    const CommandRun run(
-        "head -c 3000000 /dev/zero | tr '\\0' e >&2 & head -c 3000000 /dev/zero | tr '\\0' o; wait");
+    const CommandRun run =
+        execute("head -c 3000000 /dev/zero | tr '\\0' e >&2 & head -c 3000000 /dev/zero | tr '\\0' o; wait");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.text(), std::string(3000000, 'o'));
     EXPECT_EQ(run.errorText(), std::string(3000000, 'e'));
@@ -130,15 +130,15 @@ TEST_F(RunCommand, MegabytesOnBothStreamsAtOnceAreCollectedWhole)
 
 TEST_F(RunCommand, OneStreamMayFillBeforeTheOtherStarts)
 {
-    const CommandRun run(
-        "head -c 1000000 /dev/zero | tr '\\0' e >&2; echo; head -c 1000000 /dev/zero | tr '\\0' o");
+    const CommandRun run =
+        execute("head -c 1000000 /dev/zero | tr '\\0' e >&2; echo; head -c 1000000 /dev/zero | tr '\\0' o");
     EXPECT_EQ(run.text(), "\n" + std::string(1000000, 'o'));
     EXPECT_EQ(run.errorText(), std::string(1000000, 'e'));
 }
 
 TEST_F(RunCommand, ManyLinesAreAllDelivered)
 {
-    const CommandRun run("seq 1 20000");
+    const CommandRun run = execute("seq 1 20000");
     ASSERT_EQ(run.output.size(), 20000U);
     EXPECT_EQ(run.output.front(), "1\n");
     EXPECT_EQ(run.output.back(), "20000\n");
@@ -146,7 +146,7 @@ TEST_F(RunCommand, ManyLinesAreAllDelivered)
 
 TEST_F(RunCommand, ALineEndsForItsReaderAtANulByte)
 {
-    EXPECT_THAT(CommandRun("printf 'a\\0b\\nc\\n'").output, ElementsAre("a", "c\n"));
+    EXPECT_THAT(execute("printf 'a\\0b\\nc\\n'").output, ElementsAre("a", "c\n"));
 }
 
 TEST_F(RunCommand, NullPointersAreRefused)
@@ -164,8 +164,8 @@ TEST_F(RunCommand, NullPointersAreRefused)
 
 TEST_F(RunCommand, EveryRunIsRecordedAsAnEvent)
 {
-    CommandRun("/bin/true eth1;true\n");
-    CommandRun("exit 3");
+    execute("/bin/true eth1;true\n");
+    execute("exit 3");
     char** lines = nullptr;
     runcommand(nullptr, nullptr, &lines, &lines);
     EXPECT_EQ(events(), "runcommand(\"/bin/true eth1;true\\n\") = 0\n"
@@ -176,7 +176,7 @@ TEST_F(RunCommand, EveryRunIsRecordedAsAnEvent)
 TEST_F(RunCommand, AMissingStateDirectoryKeepsNoCommandFromRunning)
 {
     loseStateDir();
-    EXPECT_EQ(complaints([] { EXPECT_THAT(CommandRun("echo ran").output, ElementsAre("ran\n")); }),
+    EXPECT_EQ(complaints([] { EXPECT_THAT(execute("echo ran").output, ElementsAre("ran\n")); }),
               "kvplatform: runcommand: " + path("events.log") + ": No such file or directory\n");
 }
 
