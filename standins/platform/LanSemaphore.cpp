@@ -53,15 +53,12 @@ bool LanSemaphore::isHeld()
     return m_locked && m_holder == ::getpid();
 }
 
-bool LanSemaphore::release()
+void LanSemaphore::release()
 {
     const std::lock_guard<std::mutex> guard(m_mutex);
-    if (!m_locked || m_holder != ::getpid())
-        return false;
     // Unlocked explicitly: a child forked in the meantime keeps the open file, but must not keep the lock.
     ::flock(m_locked.get(), LOCK_UN);
     m_locked.close();
-    return true;
 }
 
 } // namespace kvplatform

@@ -24,8 +24,8 @@ class LanSemaphore
     /** Whether this process holds the lock. A forked child does not hold what its parent holds. */
     bool isHeld();
 
-    /** Gives the lock back; false when this process does not hold it. */
-    bool release();
+    /** Gives the lock back, which this process must hold. */
+    void release();
 
   private:
     std::mutex m_mutex;

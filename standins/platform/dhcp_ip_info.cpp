@@ -6,10 +6,8 @@
 
 #include <arpa/inet.h>
 #include <ifaddrs.h>
-#include <net/if.h>
 #include <netinet/in.h>
 
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -31,22 +29,32 @@ void copyDotted(const sockaddr* address, char* buffer)
     inet_ntop(AF_INET, &internet.sin_addr, buffer, INET_ADDRSTRLEN);
 }
 
-/** Takes the interface's first IPv4 address, its main one; the buffers stay empty when it has none. */
-bool readAddress(const char* ifName, char* ip, char* mask)
+using AddressList = std::unique_ptr<ifaddrs, decltype(&freeifaddrs)>;
+
+/** All interfaces with their addresses; null, with a complaint, when they cannot be read. */
+AddressList readAddresses(const char* operation, const char* ifName)
 {
     ifaddrs* list = nullptr;
     if (getifaddrs(&list) != 0)
-        return false;
-    const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> owner(list, freeifaddrs);
+        complain(operation, ifName, lastError());
+    return {list, freeifaddrs};
+}
+
+/** Takes the interface's first IPv4 address, its main one; whether there is such an interface. */
+bool copyAddress(const ifaddrs* list, const char* ifName, char* ip, char* mask)
+{
+    bool exists = false;
     for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
-        const bool isInternet = entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_INET;
-        if (isInternet && std::strcmp(entry->ifa_name, ifName) == 0) {
+        if (std::strcmp(entry->ifa_name, ifName) != 0)
+            continue;
+        exists = true;
+        if (entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_INET) {
             copyDotted(entry->ifa_addr, ip);
             copyDotted(entry->ifa_netmask, mask);
             break;
         }
     }
-    return true;
+    return exists;
 }
 
 bool readGateway(const char* operation, const std::string& interface, char* gateway)
@@ -62,15 +70,6 @@ bool readGateway(const char* operation, const std::string& interface, char* gate
     return true;
 }
 
-/** Dotted decimal as it is usually written: four numbers, no leading zeros, nothing around them. */
-bool parseCanonical(const char* text, in_addr& address)
-{
-    std::array<char, INET_ADDRSTRLEN> canonical = {};
-    return inet_pton(AF_INET, text, &address) == 1 &&
-           inet_ntop(AF_INET, &address, canonical.data(), canonical.size()) != nullptr &&
-           std::strcmp(canonical.data(), text) == 0;
-}
-
 } // namespace
 
 int dhcpIpInfoGetIPInfo(const char* ifName, char* ip, char* mask, char* gateway)
@@ -79,14 +78,10 @@ int dhcpIpInfoGetIPInfo(const char* ifName, char* ip, char* mask, char* gateway)
         if (ifName == nullptr || ip == nullptr || mask == nullptr || gateway == nullptr)
             return kFailure;
         *ip = *mask = *gateway = '\0';
-        // No complaint: a development machine need not have all three interfaces, and they are asked for
-        // often.
-        if (if_nametoindex(ifName) == 0)
+        // No complaint about an absent interface: a development machine need not have all three.
+        const AddressList list = readAddresses(function, ifName);
+        if (!list || !copyAddress(list.get(), ifName, ip, mask))
             return kFailure;
-        if (!readAddress(ifName, ip, mask)) {
-            complain(function, ifName, lastError());
-            return kFailure;
-        }
         return readGateway(function, ifName, gateway) ? 0 : kFailure;
     });
 }
@@ -104,7 +99,8 @@ int dhcpIpInfoGetDefaultGateway(char* gateway)
 int dhcpIpInfoIsIPAddrValid(const char* text)
 {
     in_addr address = {};
-    if (text == nullptr || !parseCanonical(text, address))
+    // inet_pton takes four plain decimal numbers only: no leading zeros, no blanks, no shorter forms.
+    if (text == nullptr || inet_pton(AF_INET, text, &address) != 1)
         return 0;
     const std::uint32_t network = ntohl(address.s_addr) >> 24U;
     const bool isThisNetwork = network == 0;
@@ -126,9 +122,11 @@ int dhcpIpInfoReleaseDHCPLANSemaphore(void)
 {
     return guarded(__func__, [](const char* function) {
         // Recorded before the lock goes, so that the next holder's request comes after it in the log.
-        const bool held = lanSemaphore().isHeld();
-        recordEvent(function, {}, held ? 0 : kFailure);
-        return held && lanSemaphore().release() ? 0 : kFailure;
+        const int status = lanSemaphore().isHeld() ? 0 : kFailure;
+        recordEvent(function, {}, status);
+        if (status == 0)
+            lanSemaphore().release();
+        return status;
     });
 }
 

@@ -97,14 +97,11 @@ FileDescriptor openInput(const char* input)
     return lifted(std::move(file));
 }
 
-/** Appends at most limit bytes; the number read, 0 at the end of the stream. */
+/** Appends at most limit bytes of those that wait in fd; the number read, 0 at the end of the stream. */
 std::size_t readSome(int fd, std::string& text, std::size_t limit)
 {
     std::array<char, 65536> buffer;
-    ssize_t got = 0;
-    do
-        got = ::read(fd, buffer.data(), std::min(limit, buffer.size()));
-    while (got < 0 && errno == EINTR);
+    const ssize_t got = ::read(fd, buffer.data(), std::min(limit, buffer.size()));
     if (got <= 0)
         return 0;
     text.append(buffer.data(), static_cast<std::size_t>(got));
@@ -144,12 +141,12 @@ Result collect(int output, int error, int control)
     while (true) {
         if (::poll(sources.data(), sources.size(), -1) < 0)
             continue;
+        if (sources[2].revents != 0)
+            break;
         if (sources[0].revents != 0 && readSome(output, result.output, std::string::npos) == 0)
             sources[0].fd = -1;
         if (sources[1].revents != 0 && readSome(error, result.error, std::string::npos) == 0)
             sources[1].fd = -1;
-        if (sources[2].revents != 0)
-            break;
     }
     result.status = readStatus(control);
     readRest(output, result.output);

@@ -1,6 +1,8 @@
 #include "ChildProcess.hpp"
 
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,6 +64,26 @@ int ChildProcess::wait()
 int inChild(const std::function<int()>& function)
 {
     return ChildProcess(function).wait();
+}
+
+void leaveDescriptors(int count)
+{
+    const int end = 64;
+    const rlimit limit = {end, end};
+    ::setrlimit(RLIMIT_NOFILE, &limit);
+    while (::open("/dev/null", O_RDONLY | O_CLOEXEC) >= 0) {
+    }
+    for (int fd = end - count; fd < end; ++fd)
+        ::close(fd);
+}
+
+void interruptAllTheTime()
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    ::sigaction(SIGALRM, &action, nullptr);
+    const itimerval everyMillisecond = {{0, 1000}, {0, 1000}};
+    ::setitimer(ITIMER_REAL, &everyMillisecond, nullptr);
 }
 
 Signal::Signal()

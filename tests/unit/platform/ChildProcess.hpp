@@ -28,6 +28,12 @@ class ChildProcess
 /** The exit status of a process that runs the function. */
 int inChild(const std::function<int()>& function);
 
+/** Leaves this process, a child, no more than a number of free descriptors. */
+void leaveDescriptors(int count);
+
+/** Interrupts this process's system calls, which are not restarted, every millisecond. */
+void interruptAllTheTime();
+
 /** A pipe between test processes: one tells, another waits to be told. */
 class Signal
 {

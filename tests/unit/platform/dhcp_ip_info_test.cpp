@@ -51,7 +51,11 @@ struct IPInfo {
     bool isOverrun() const { return ip.isOverrun() || mask.isOverrun() || gateway.isOverrun(); }
 };
 
-TEST(IPInfoOfAnInterface, AddressAndMaskComeFromTheLiveInterface)
+class IPInfoOfAnInterface : public PlatformTest
+{
+};
+
+TEST_F(IPInfoOfAnInterface, AddressAndMaskComeFromTheLiveInterface)
 {
     const IPInfo info("lo");
     EXPECT_EQ(info.status, 0);
@@ -59,15 +63,18 @@ TEST(IPInfoOfAnInterface, AddressAndMaskComeFromTheLiveInterface)
     EXPECT_FALSE(info.isOverrun());
 }
 
-TEST(IPInfoOfAnInterface, AnUnknownInterfaceHasNothing)
+TEST_F(IPInfoOfAnInterface, AnUnknownInterfaceHasNothing)
 {
-    const IPInfo info("eth77");
-    EXPECT_EQ(info.status, 1);
-    EXPECT_EQ(info.text(), "//");
-    EXPECT_FALSE(info.isOverrun());
+    EXPECT_EQ(complaints([] {
+                  const IPInfo info("eth77");
+                  EXPECT_EQ(info.status, 1);
+                  EXPECT_EQ(info.text(), "//");
+                  EXPECT_FALSE(info.isOverrun());
+              }),
+              "");
 }
 
-TEST(IPInfoOfAnInterface, ANameOfAnyLengthIsHarmless)
+TEST_F(IPInfoOfAnInterface, ANameOfAnyLengthIsHarmless)
 {
     const IPInfo info(std::string(100000, 'e').c_str());
     EXPECT_EQ(info.status, 1);
@@ -75,7 +82,7 @@ TEST(IPInfoOfAnInterface, ANameOfAnyLengthIsHarmless)
     EXPECT_EQ(IPInfo("").status, 1);
 }
 
-TEST(IPInfoOfAnInterface, NullPointersAreRefused)
+TEST_F(IPInfoOfAnInterface, NullPointersAreRefused)
 {
     Buffer a;
     Buffer b;
@@ -86,6 +93,37 @@ TEST(IPInfoOfAnInterface, NullPointersAreRefused)
     EXPECT_TRUE(a.isUntouched());
     EXPECT_TRUE(b.isUntouched());
     EXPECT_EQ(dhcpIpInfoGetDefaultGateway(nullptr), 1);
+}
+
+class UnreadableAddresses : public PlatformTest
+{
+};
+
+TEST_F(UnreadableAddresses, OfAnInterfaceAreEmptyAndReported)
+{
+    const std::string told = complaints([] {
+        EXPECT_EQ(inChild([] {
+                      leaveDescriptors(0);
+                      const IPInfo info("lo");
+                      return info.status == 1 && info.text() == "//" ? 0 : 1;
+                  }),
+                  0);
+    });
+    EXPECT_EQ(told, "kvplatform: dhcpIpInfoGetIPInfo: lo: Too many open files\n");
+}
+
+TEST_F(UnreadableAddresses, OfTheRoutingTableAreEmptyAndReported)
+{
+    const std::string told = complaints([] {
+        EXPECT_EQ(inChild([] {
+                      leaveDescriptors(0);
+                      Buffer gateway;
+                      return dhcpIpInfoGetDefaultGateway(gateway.data()) == 1 && gateway.text().empty() ? 0
+                                                                                                        : 1;
+                  }),
+                  0);
+    });
+    EXPECT_EQ(told, "kvplatform: dhcpIpInfoGetDefaultGateway: /proc/net/route: Too many open files\n");
 }
 
 /** A test in a network of its own, which it sets up with commands. */

@@ -3,7 +3,11 @@
 #include "ChildProcess.hpp"
 #include "PlatformTest.hpp"
 
+#include <sqlite3.h>
+
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <string>
 #include <thread>
 #include <vector>
@@ -115,7 +119,7 @@ TEST_F(Registry, TwoProcessesThatCreateItTogetherLoseNothing)
     const auto writer = [&start](const std::string& name) {
         return [&start, name] {
             start.wait();
-            for (uint16_t i = 0; i < 10; ++i) {
+            for (uint16_t i = 0; i < 50; ++i) {
                 if (KvuSetRegEntryUint16Ex(5, name.c_str(), std::to_string(i).c_str(), i) != 0)
                     return 1;
             }
@@ -128,10 +132,25 @@ TEST_F(Registry, TwoProcessesThatCreateItTogetherLoseNothing)
     start.send();
     EXPECT_EQ(first.wait(), 0);
     EXPECT_EQ(second.wait(), 0);
-    for (uint16_t i = 0; i < 10; ++i) {
+    for (uint16_t i = 0; i < 50; ++i) {
         EXPECT_EQ(stored("first", std::to_string(i)), i);
         EXPECT_EQ(stored("second", std::to_string(i)), i);
     }
+}
+
+TEST_F(Registry, AWriterWaitsForAnotherOne)
+{
+    ASSERT_EQ(KvuSetRegEntryUint16Ex(5, "key", "name", 1), 0U);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path("registry.db").c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    auto waiting = std::async(std::launch::async, [] { return KvuSetRegEntryUint16Ex(5, "key", "name", 2); });
+    EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(10)), std::future_status::timeout);
+    EXPECT_EQ(stored("key", "name"), 1);
+    EXPECT_EQ(sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(waiting.get(), 0U);
+    EXPECT_EQ(stored("key", "name"), 2);
+    sqlite3_close(other);
 }
 
 TEST_F(Registry, ThreadsReadAndWriteTogether)

@@ -123,6 +123,21 @@ TEST_F(LanSemaphoreTest, ARequestWaitsForAnotherProcess)
                         "dhcpIpInfoReleaseDHCPLANSemaphore() = 0\n");
 }
 
+TEST_F(LanSemaphoreTest, ARequestWaitsOnWhenItIsInterrupted)
+{
+    ASSERT_EQ(request(), 0);
+    Signal started;
+    ChildProcess waiting([&] {
+        interruptAllTheTime();
+        started.send();
+        return request();
+    });
+    started.wait();
+    std::this_thread::sleep_for(milliseconds(10));
+    EXPECT_EQ(release(), 0);
+    EXPECT_EQ(waiting.wait(), 0);
+}
+
 TEST_F(LanSemaphoreTest, ADyingHolderGivesItBack)
 {
     Signal held;

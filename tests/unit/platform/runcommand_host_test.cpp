@@ -4,8 +4,6 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
-#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -43,8 +41,6 @@ void reapEveryChild(int /*signal*/)
     }
     errno = saved;
 }
-
-void doNothing(int /*signal*/) {}
 
 /** 0 when the status and the output of two commands arrive whole. */
 int runBoth()
@@ -86,9 +82,7 @@ TEST_F(HostOfRunCommand, MayReapEveryChildItself)
 TEST_F(HostOfRunCommand, MayBeInterruptedAllTheTime)
 {
     EXPECT_EQ(inChild([] {
-                  handle(SIGALRM, doNothing, 0);
-                  const itimerval everyMillisecond = {{0, 1000}, {0, 1000}};
-                  ::setitimer(ITIMER_REAL, &everyMillisecond, nullptr);
+                  interruptAllTheTime();
                   return runBoth();
               }),
               0);
@@ -110,13 +104,16 @@ TEST_F(HostOfRunCommand, DoesNotPassItsSignalTreatmentOn)
 
 TEST_F(HostOfRunCommand, KeepsItsOwnSignalMask)
 {
-    sigset_t before;
-    sigset_t after;
-    ::pthread_sigmask(SIG_SETMASK, nullptr, &before);
-    execute("true");
-    ::pthread_sigmask(SIG_SETMASK, nullptr, &after);
-    for (int number = 1; number < NSIG; ++number)
-        EXPECT_EQ(sigismember(&before, number), sigismember(&after, number)) << number;
+    EXPECT_EQ(inChild([] {
+                  sigset_t mask;
+                  ::sigemptyset(&mask);
+                  ::sigaddset(&mask, SIGUSR1);
+                  ::sigprocmask(SIG_SETMASK, &mask, nullptr);
+                  execute("true");
+                  ::sigprocmask(SIG_SETMASK, nullptr, &mask);
+                  return sigismember(&mask, SIGUSR1) == 1 && sigismember(&mask, SIGTERM) == 0 ? 0 : 1;
+              }),
+              0);
 }
 
 TEST_F(HostOfRunCommand, DoesNotPassItsDescriptorsOn)
@@ -126,6 +123,7 @@ TEST_F(HostOfRunCommand, DoesNotPassItsDescriptorsOn)
     const CommandRun run =
         execute("for fd in 0 1 2 3 4 5 6 7 8 9 57; do test -e /proc/self/fd/$fd && echo $fd; done");
     EXPECT_THAT(run.output, ElementsAre("0\n", "1\n", "2\n"));
+    EXPECT_EQ(execute("test -e /proc/$PPID/fd/57").status, 1) << "the command's supervisor keeps it open";
     ::close(57);
     ::close(inheritable);
 }
@@ -155,22 +153,11 @@ TEST_F(HostOfRunCommand, KeepsNoDescriptorsAndNoChildren)
     EXPECT_EQ(errno, ECHILD);
 }
 
-/** Leaves the process two free descriptors; a command needs more. */
-void useUpDescriptors()
-{
-    const rlimit limit = {64, 64};
-    ::setrlimit(RLIMIT_NOFILE, &limit);
-    while (::open("/dev/null", O_RDONLY | O_CLOEXEC) >= 0) {
-    }
-    ::close(62);
-    ::close(63);
-}
-
 TEST_F(HostOfRunCommand, WithoutFreeDescriptorsIsTold)
 {
     const std::string told = complaints([] {
         EXPECT_EQ(inChild([] {
-                      useUpDescriptors();
+                      leaveDescriptors(2); // a command needs more
                       const CommandRun run = execute("echo a");
                       return run.status == -1 && !run.hasOutputArray && !run.hasErrorArray ? 0 : 1;
                   }),
