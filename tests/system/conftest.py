@@ -3,6 +3,7 @@ import subprocess
 
 import pytest
 
+from cim import ManagedServer
 from server import RUN, Server
 
 MISSING_PERMISSION = 77
@@ -20,4 +21,13 @@ def permission():
 @pytest.fixture
 def server():
     with Server() as started:
+        yield started
+
+
+@pytest.fixture
+def managed():
+    """A server with the object manager on it, the provider initialised, the events of all this passed over."""
+    with ManagedServer() as started:
+        started.names("ORX_LANEndpoint")
+        started.events()
         yield started
