@@ -143,6 +143,8 @@ TEST_F(Registry, AWriterWaitsForAnotherOne)
     ASSERT_EQ(KvuSetRegEntryUint16Ex(5, "key", "name", 1), 0U);
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(path("registry.db").c_str(), &other), SQLITE_OK);
+    // The waiting writer looks into the file now and then, which may hold the commit up for a moment.
+    sqlite3_busy_timeout(other, 5000);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     auto waiting = std::async(std::launch::async, [] { return KvuSetRegEntryUint16Ex(5, "key", "name", 2); });
     EXPECT_EQ(waiting.wait_for(std::chrono::milliseconds(10)), std::future_status::timeout);
