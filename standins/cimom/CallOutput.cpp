@@ -167,7 +167,7 @@ std::string failureText(const CimFailure& failure, bool asJson)
     if (!asJson) {
         return "CIM error " + std::to_string(failure.code) + ": " + failure.description;
     }
-    std::string json = "{\"error\":{\"code\":" + std::to_string(failure.code) + ",\"description\":";
+    std::string json = R"({"error":{"code":)" + std::to_string(failure.code) + ",\"description\":";
     appendJsonString(json, std::string_view(failure.description));
     return json + "}}";
 }

@@ -24,8 +24,8 @@ OpenWBEM::String readNameSpace(const pugi::xml_node& parent);
 // key that is no number.
 OpenWBEM::CIMObjectPath readInstanceName(const pugi::xml_node& instanceName);
 
-// <INSTANCE>: the properties in the client's order with values of the types that the client names. Of its qualifiers
-// only the names: the values are the class's.
+// <INSTANCE>: the properties in the client's order with values of the types that the client names. Of its
+// qualifiers only the names: the values are the class's.
 OpenWBEM::CIMInstance readInstance(const pugi::xml_node& instance);
 
 // The <VALUE> or <VALUE.ARRAY> in the parent, of the named type; null when there is none or no such type.

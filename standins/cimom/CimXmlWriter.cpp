@@ -340,9 +340,9 @@ void appendParamValue(std::string& xml, const CIMParamValue& parameter)
 
 void beginResponse(std::string& xml, const char* messageId, const char* element, const char* method)
 {
-    xml.append("<?xml version=\"1.0\" ?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE");
+    xml.append(R"(<?xml version="1.0" ?><CIM CIMVERSION="2.0" DTDVERSION="2.0"><MESSAGE)");
     appendAttribute(xml, "ID", messageId);
-    xml.append(" PROTOCOLVERSION=\"1.0\"><SIMPLERSP><").append(element);
+    xml.append(R"( PROTOCOLVERSION="1.0"><SIMPLERSP><)").append(element);
     appendAttribute(xml, "NAME", method);
     xml.append(">");
 }

@@ -166,7 +166,7 @@ CIMClass ClassBuilder::superClass(const MofClass& mof) const
     if (mof.superClass.empty()) {
         return CIMClass(CIMNULL);
     }
-    const CIMClass result = m_nameSpace.findClass(mof.superClass.c_str());
+    CIMClass result = m_nameSpace.findClass(mof.superClass.c_str());
     if (!result) {
         throw MofError(mof.superClassPosition, "a class declared before", "'" + mof.superClass + "'");
     }

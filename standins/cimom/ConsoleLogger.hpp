@@ -12,8 +12,8 @@ class ConsoleLogger : public OpenWBEM::Logger
     explicit ConsoleLogger(OpenWBEM::ELogLevel level) : Logger(OpenWBEM::String("kv-cimom"), level) {}
 
   protected:
-    virtual void doProcessLogMessage(const OpenWBEM::LogMessage& message) const;
-    virtual OpenWBEM::LoggerRef doClone() const;
+    void doProcessLogMessage(const OpenWBEM::LogMessage& message) const override;
+    OpenWBEM::LoggerRef doClone() const override;
 };
 
 } // namespace cimom

@@ -42,7 +42,7 @@ Response makeResponse(std::string&& body)
     Response response(MHD_create_response_from_buffer_with_free_callback_cls(kept->size(), kept->data(),
                                                                              deleteString, kept.get()));
     if (response) {
-        kept.release();
+        [[maybe_unused]] const std::string* handedOver = kept.release(); // to the response
     }
     return response;
 }

@@ -12,7 +12,7 @@ namespace cimom
 struct HttpOptions {
     std::string address = "127.0.0.1"; // numeric IPv4 or IPv6
     std::uint16_t port = 5988;         // 0: any free one
-    std::size_t maxBody = 1024 * 1024; // bytes of a request
+    std::size_t maxBody = 1 << 20;     // bytes of a request
     unsigned timeout = 30;             // seconds: how long a connection may be silent, a body take to arrive
     unsigned maxConnections = 256;     // more wait until one closes
 };

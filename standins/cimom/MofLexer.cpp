@@ -249,7 +249,7 @@ void MofLexer::escape(std::string& into)
         code = code * 16 + static_cast<unsigned>(std::strtoul(digit, nullptr, 16));
     }
     if ((letter != 'x' && letter != 'X') || digits == 0 || code == 0) {
-        throw MofError(position, "one of the escapes \\b \\t \\n \\f \\r \\\" \\' \\\\ \\x1234",
+        throw MofError(position, R"(one of the escapes \b \t \n \f \r \" \' \\ \x1234)",
                        std::string("'\\") + letter + "'");
     }
     appendUtf8(into, code);

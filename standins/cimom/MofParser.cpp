@@ -49,65 +49,20 @@ MofDocument parseMofFile(const std::string& path)
 
 MofParser::MofParser(std::string_view text, const std::string& fileName,
                      std::vector<std::string> includingFiles)
-    : m_lexer(text, fileName), m_files(std::move(includingFiles))
+    : MofTokenReader(text, fileName), m_files(std::move(includingFiles))
 {
     m_files.push_back(fileName);
-    advance();
-}
-
-void MofParser::advance()
-{
-    m_token = m_lexer.next();
-}
-
-void MofParser::fail(const std::string& expected) const
-{
-    throw MofError(m_token.position, expected, m_token.description());
-}
-
-bool MofParser::acceptPunctuation(char character)
-{
-    if (!m_token.isPunctuation(character)) {
-        return false;
-    }
-    advance();
-    return true;
-}
-
-void MofParser::expectPunctuation(char character)
-{
-    if (!acceptPunctuation(character)) {
-        fail(std::string("'") + character + "'");
-    }
-}
-
-std::string MofParser::expectIdentifier(const char* what)
-{
-    if (m_token.kind != MofToken::Kind::Identifier) {
-        fail(what);
-    }
-    std::string text = std::move(m_token.text);
-    advance();
-    return text;
-}
-
-void MofParser::expectKeyword(const char* word)
-{
-    if (!m_token.isKeyword(word)) {
-        fail(std::string("'") + word + "'");
-    }
-    advance();
 }
 
 MofDocument MofParser::parse()
 {
     MofDocument document;
-    while (m_token.kind != MofToken::Kind::End) {
-        if (m_token.kind == MofToken::Kind::Pragma) {
+    while (token().kind != MofToken::Kind::End) {
+        if (token().kind == MofToken::Kind::Pragma) {
             pragma(document);
-        } else if (m_token.isKeyword("Qualifier")) {
+        } else if (token().isKeyword("Qualifier")) {
             document.emplace_back(qualifierDeclaration());
-        } else if (m_token.isPunctuation('[') || m_token.isKeyword("class")) {
+        } else if (token().isPunctuation('[') || token().isKeyword("class")) {
             document.emplace_back(classDeclaration(qualifierList()));
         } else {
             fail("'Qualifier', a class or '#pragma'");
@@ -118,16 +73,16 @@ MofDocument MofParser::parse()
 
 void MofParser::pragma(MofDocument& document)
 {
-    if (strcasecmp(m_token.text.c_str(), "pragma") != 0) {
+    if (strcasecmp(token().text.c_str(), "pragma") != 0) {
         fail("'#pragma'");
     }
     advance();
     const std::string name = expectIdentifier("the name of a pragma");
     expectPunctuation('(');
-    if (m_token.kind != MofToken::Kind::String) {
+    if (token().kind != MofToken::Kind::String) {
         fail("a string");
     }
-    const MofToken argument = m_token;
+    const MofToken argument = token();
     advance();
     expectPunctuation(')');
     if (isAnyOf(name, {"namespace"})) {
@@ -147,14 +102,14 @@ void MofParser::pragma(MofDocument& document)
 MofQualifierDeclaration MofParser::qualifierDeclaration()
 {
     MofQualifierDeclaration declaration;
-    declaration.position = m_token.position;
+    declaration.position = token().position;
     declaration.nameSpace = m_nameSpace;
     advance();
     declaration.name = expectIdentifier("the name of a qualifier");
     expectPunctuation(':');
     declaration.type = type();
     arraySuffix(declaration.type);
-    declaration.defaultValue.position = m_token.position;
+    declaration.defaultValue.position = token().position;
     if (acceptPunctuation('=')) {
         declaration.defaultValue = value();
     }
@@ -176,11 +131,11 @@ std::vector<std::string> MofParser::scopes()
     expectKeyword("Scope");
     expectPunctuation('(');
     do {
-        if (!isAnyOf(m_token.text, {"class", "association", "indication", "qualifier", "property",
+        if (!isAnyOf(token().text, {"class", "association", "indication", "qualifier", "property",
                                     "reference", "method", "parameter", "schema", "any"})) {
             fail("the name of a scope");
         }
-        names.push_back(lowerCase(m_token.text));
+        names.push_back(lowerCase(token().text));
         advance();
     } while (acceptPunctuation(','));
     expectPunctuation(')');
@@ -196,11 +151,11 @@ void MofParser::flavors(MofFlavors& into)
 
 void MofParser::flavor(MofFlavors& into)
 {
-    if (isAnyOf(m_token.text, {"EnableOverride", "DisableOverride"})) {
-        into.overridable = m_token.isKeyword("EnableOverride");
-    } else if (isAnyOf(m_token.text, {"ToSubclass", "Restricted"})) {
-        into.toSubclass = m_token.isKeyword("ToSubclass");
-    } else if (m_token.isKeyword("Translatable")) {
+    if (isAnyOf(token().text, {"EnableOverride", "DisableOverride"})) {
+        into.overridable = token().isKeyword("EnableOverride");
+    } else if (isAnyOf(token().text, {"ToSubclass", "Restricted"})) {
+        into.toSubclass = token().isKeyword("ToSubclass");
+    } else if (token().isKeyword("Translatable")) {
         into.translatable = true;
     } else {
         fail("a flavor");
@@ -212,12 +167,12 @@ MofClass MofParser::classDeclaration(std::vector<MofQualifier> qualifiers)
 {
     expectKeyword("class");
     MofClass declaration;
-    declaration.position = m_token.position;
+    declaration.position = token().position;
     declaration.nameSpace = m_nameSpace;
     declaration.qualifiers = std::move(qualifiers);
     declaration.name = expectIdentifier("the name of a class");
     if (acceptPunctuation(':')) {
-        declaration.superClassPosition = m_token.position;
+        declaration.superClassPosition = token().position;
         declaration.superClass = expectIdentifier("the name of a class");
     }
     expectPunctuation('{');
@@ -232,7 +187,7 @@ void MofParser::feature(MofClass& into)
 {
     std::vector<MofQualifier> qualifiers = qualifierList();
     MofType featureType = type();
-    const SourcePosition position = m_token.position;
+    const SourcePosition position = token().position;
     std::string name = expectIdentifier("the name of a property or method");
     if (acceptPunctuation('(')) {
         MofMethod method{std::move(name), std::move(featureType), std::move(qualifiers), {}, position};
@@ -241,7 +196,7 @@ void MofParser::feature(MofClass& into)
     } else {
         MofProperty property{std::move(name), std::move(featureType), std::move(qualifiers), {}, position};
         arraySuffix(property.type);
-        property.defaultValue.position = m_token.position;
+        property.defaultValue.position = token().position;
         if (acceptPunctuation('=')) {
             property.defaultValue = value();
         }
@@ -266,9 +221,9 @@ std::vector<MofQualifier> MofParser::qualifierList()
 MofQualifier MofParser::qualifier()
 {
     MofQualifier result;
-    result.position = m_token.position;
+    result.position = token().position;
     result.name = expectIdentifier("the name of a qualifier");
-    if (m_token.isPunctuation('{')) {
+    if (token().isPunctuation('{')) {
         result.hasValue = true;
         result.value = value();
     } else if (acceptPunctuation('(')) {
@@ -281,7 +236,7 @@ MofQualifier MofParser::qualifier()
         MofFlavors ignored;
         do {
             flavor(ignored);
-        } while (m_token.kind == MofToken::Kind::Identifier);
+        } while (token().kind == MofToken::Kind::Identifier);
     }
     return result;
 }
@@ -289,9 +244,9 @@ MofQualifier MofParser::qualifier()
 MofType MofParser::type()
 {
     MofType result;
-    result.position = m_token.position;
+    result.position = token().position;
     result.name = expectIdentifier("a type");
-    if (m_token.isKeyword("ref")) {
+    if (token().isKeyword("ref")) {
         result.isReference = true;
         advance();
     } else if (!isAnyOf(result.name,
@@ -308,8 +263,8 @@ void MofParser::arraySuffix(MofType& into)
         return;
     }
     into.isArray = true;
-    if (m_token.kind == MofToken::Kind::Integer && m_token.text.size() < 9) {
-        into.arraySize = std::stoi(m_token.text);
+    if (token().kind == MofToken::Kind::Integer && token().text.size() < 9) {
+        into.arraySize = std::stoi(token().text);
         advance();
     }
     expectPunctuation(']');
@@ -341,7 +296,7 @@ MofParameter MofParser::parameter()
 MofValue MofParser::value()
 {
     MofValue result;
-    result.position = m_token.position;
+    result.position = token().position;
     if (!acceptPunctuation('{')) {
         constant(result);
         return result;
@@ -351,7 +306,7 @@ MofValue MofParser::value()
         return result;
     }
     do {
-        if (m_token.isKeyword("null")) {
+        if (token().isKeyword("null")) {
             fail("a value");
         }
         constant(result);
@@ -363,21 +318,21 @@ MofValue MofParser::value()
 // Appends one constant; NULL appends nothing.
 void MofParser::constant(MofValue& into)
 {
-    MofConstant result{MofConstant::Kind::Boolean, m_token.text, m_token.position};
-    if (m_token.kind == MofToken::Kind::String) {
+    MofConstant result{MofConstant::Kind::Boolean, token().text, token().position};
+    if (token().kind == MofToken::Kind::String) {
         into.elements.push_back(stringConstant());
         return;
     }
-    if (m_token.kind == MofToken::Kind::Integer) {
+    if (token().kind == MofToken::Kind::Integer) {
         result.kind = MofConstant::Kind::Integer;
-    } else if (m_token.kind == MofToken::Kind::Real) {
+    } else if (token().kind == MofToken::Kind::Real) {
         result.kind = MofConstant::Kind::Real;
-    } else if (m_token.kind == MofToken::Kind::Character) {
+    } else if (token().kind == MofToken::Kind::Character) {
         result.kind = MofConstant::Kind::Character;
-    } else if (m_token.isKeyword("null")) {
+    } else if (token().isKeyword("null")) {
         advance();
         return;
-    } else if (m_token.isKeyword("true") || m_token.isKeyword("false")) {
+    } else if (token().isKeyword("true") || token().isKeyword("false")) {
         result.text = lowerCase(result.text);
     } else {
         fail("a value");
@@ -389,9 +344,9 @@ void MofParser::constant(MofValue& into)
 // Neighbouring strings are one string.
 MofConstant MofParser::stringConstant()
 {
-    MofConstant result{MofConstant::Kind::String, "", m_token.position};
-    while (m_token.kind == MofToken::Kind::String) {
-        result.text += m_token.text;
+    MofConstant result{MofConstant::Kind::String, "", token().position};
+    while (token().kind == MofToken::Kind::String) {
+        result.text += token().text;
         advance();
     }
     return result;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "MofLexer.hpp"
 #include "MofSyntax.hpp"
+#include "MofTokenReader.hpp"
 
 #include <string>
 #include <string_view>
@@ -21,7 +21,7 @@ MofDocument parseMof(std::string_view text, const std::string& fileName);
 MofDocument parseMofFile(const std::string& path);
 
 // The grammar of one file; parseMof and parseMofFile are the way in.
-class MofParser
+class MofParser : private MofTokenReader
 {
   public:
     // includingFiles: the files being read already, outermost first; none of them may be included again.
@@ -30,13 +30,6 @@ class MofParser
     MofDocument parse();
 
   private:
-    void advance();
-    [[noreturn]] void fail(const std::string& expected) const;
-    bool acceptPunctuation(char character);
-    void expectPunctuation(char character);
-    std::string expectIdentifier(const char* what);
-    void expectKeyword(const char* word);
-
     void pragma(MofDocument& document);
     MofQualifierDeclaration qualifierDeclaration();
     std::vector<std::string> scopes();
@@ -56,8 +49,6 @@ class MofParser
     void constant(MofValue& into);
     MofConstant stringConstant();
 
-    MofLexer m_lexer;
-    MofToken m_token; // the one looked at
     std::vector<std::string> m_files;
     std::string m_nameSpace;
 };

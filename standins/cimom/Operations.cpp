@@ -77,7 +77,7 @@ class Forwarder : public ResultHandlerIFC<Result>
     explicit Forwarder(const Handler& handler) : m_handler(handler) {}
 
   protected:
-    virtual void doHandle(const Result& result) { m_handler(result); }
+    void doHandle(const Result& result) override { m_handler(result); }
 
   private:
     Handler m_handler;
@@ -110,7 +110,7 @@ Operations::Operations(const ClassRepository& repository, ProviderLoader& loader
 CIMClass Operations::findClass(const String& nameSpace, const String& className,
                                CIMException::ErrNoType whenUnknown) const
 {
-    const CIMClass result = m_repository.nameSpace(nameSpace).findClass(className);
+    CIMClass result = m_repository.nameSpace(nameSpace).findClass(className);
     if (!result) {
         fail(whenUnknown, CIMObjectPath(className, nameSpace).toString());
     }
@@ -178,7 +178,7 @@ CIMInstance Operations::fetch(const String& nameSpace, const CIMObjectPath& path
     if (!provider) {
         fail(CIMException::NOT_FOUND, inNameSpace(path, nameSpace).toString());
     }
-    const CIMInstance result = instanceProvider(provider).getInstance(
+    CIMInstance result = instanceProvider(provider).getInstance(
         m_environment, nameSpace, path, localOnlyFlag(options.localOnly),
         qualifiersFlag(options.includeQualifiers), originFlag(options.includeClassOrigin),
         options.propertyList, cimClass);

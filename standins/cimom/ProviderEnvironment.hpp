@@ -18,18 +18,18 @@ class ProviderEnvironment : public OpenWBEM::ProviderEnvironmentIFC
 
     ProviderEnvironment(const OpenWBEM::LoggerRef& logger, ConfigItems configItems);
 
-    virtual OpenWBEM::CIMOMHandleIFCRef getCIMOMHandle() const { return OpenWBEM::CIMOMHandleIFCRef(); }
-    virtual OpenWBEM::CIMOMHandleIFCRef getRepositoryCIMOMHandle() const
+    OpenWBEM::CIMOMHandleIFCRef getCIMOMHandle() const override { return OpenWBEM::CIMOMHandleIFCRef(); }
+    OpenWBEM::CIMOMHandleIFCRef getRepositoryCIMOMHandle() const override
     {
         return OpenWBEM::CIMOMHandleIFCRef();
     }
-    virtual OpenWBEM::RepositoryIFCRef getRepository() const { return OpenWBEM::RepositoryIFCRef(); }
-    virtual OpenWBEM::LoggerRef getLogger() const { return m_logger; }
-    virtual OpenWBEM::LoggerRef getLogger(const OpenWBEM::String&) const { return m_logger; }
-    virtual OpenWBEM::String getConfigItem(const OpenWBEM::String& name,
-                                           const OpenWBEM::String& defRetVal = "") const;
-    virtual OpenWBEM::String getUserName() const { return OpenWBEM::String(""); } // nobody logs in
-    virtual OpenWBEM::OperationContext& getOperationContext() { return m_context; }
+    OpenWBEM::RepositoryIFCRef getRepository() const override { return OpenWBEM::RepositoryIFCRef(); }
+    OpenWBEM::LoggerRef getLogger() const override { return m_logger; }
+    OpenWBEM::LoggerRef getLogger(const OpenWBEM::String&) const override { return m_logger; }
+    OpenWBEM::String getConfigItem(const OpenWBEM::String& name,
+                                   const OpenWBEM::String& defRetVal = "") const override;
+    OpenWBEM::String getUserName() const override { return OpenWBEM::String(""); } // nobody logs in
+    OpenWBEM::OperationContext& getOperationContext() override { return m_context; }
 
   private:
     OpenWBEM::LoggerRef m_logger;

@@ -29,7 +29,9 @@ class Library : public SharedLibrary
             throw std::runtime_error(dlerror());
         }
     }
-    virtual ~Library() { dlclose(m_handle); }
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+    ~Library() override { dlclose(m_handle); }
 
     // Throws std::runtime_error naming the symbol when it is missing.
     template <class Function>

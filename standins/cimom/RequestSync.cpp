@@ -30,7 +30,7 @@ CIMParamValue cast(const CIMParamValue& argument, const CIMParameter& parameter)
 CIMParamValue take(CIMParamValueArray& arguments, const CIMName& name)
 {
     for (size_t i = 0; i < arguments.size(); ++i) {
-        const CIMParamValue argument = arguments[i];
+        CIMParamValue argument = arguments[i];
         if (argument.getName() == name) {
             arguments.remove(i);
             return argument;
@@ -92,7 +92,7 @@ CIMObjectPath instanceName(const CIMInstance& instance, const CIMClass& cimClass
     if (keys.empty()) {
         for (const CIMProperty& key : cimClass.getKeys()) {
             if (instance.propertyHasValue(key.getName())) {
-                keys.push_back(instance.getProperty(key.getName()));
+                keys.push_back(CIMProperty(key.getName(), instance.getPropertyValue(key.getName())));
             }
         }
     }

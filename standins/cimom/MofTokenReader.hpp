@@ -1,0 +1,35 @@
+#pragma once
+
+#include "MofLexer.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace cimom
+{
+
+// MOF tokens one at a time, with the demands that a grammar makes of the next one. All demands throw
+// MofError.
+class MofTokenReader
+{
+  public:
+    // The text must outlive the reader.
+    MofTokenReader(std::string_view text, const std::string& fileName);
+
+    const MofToken& token() const { return m_token; } // the next one, not taken yet
+    void advance();
+
+    // Takes it if it is the one.
+    bool acceptPunctuation(char character);
+
+    void expectPunctuation(char character);
+    std::string expectIdentifier(const char* what); // what: how an error message names it
+    void expectKeyword(const char* word);
+    [[noreturn]] void fail(const std::string& expected) const;
+
+  private:
+    MofLexer m_lexer;
+    MofToken m_token;
+};
+
+} // namespace cimom

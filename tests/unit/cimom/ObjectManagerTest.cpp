@@ -1,0 +1,150 @@
+#include "StderrCapture.hpp"
+#include "TestServer.hpp"
+
+#include "OW_CIMException.hpp"
+
+#include <gtest/gtest.h>
+
+namespace cimom::test
+{
+namespace
+{
+
+// The sample classes and provider, asked without HTTP.
+class Answers : public ::testing::Test
+{
+  protected:
+    HttpAnswer answer(std::string request) { return manager->answer(request); }
+    std::string refusal(const std::string& request)
+    {
+        const HttpAnswer answered = answer(request);
+        EXPECT_EQ(answered.body, "");
+        return std::to_string(answered.status) + " " + answered.cimError;
+    }
+    static std::string message(const std::string& content)
+    {
+        return "<?xml version=\"1.0\"?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE ID=\"1\" "
+               "PROTOCOLVERSION=\"1.0\">" +
+               content + "</MESSAGE></CIM>";
+    }
+    static std::string intrinsic(const std::string& name, const std::string& parameters)
+    {
+        return message("<SIMPLEREQ><IMETHODCALL NAME=\"" + name +
+                       "\"><LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/><NAMESPACE "
+                       "NAME=\"cimv2\"/></LOCALNAMESPACEPATH>" +
+                       parameters + "</IMETHODCALL></SIMPLEREQ>");
+    }
+
+    StderrCapture printed;
+    std::unique_ptr<ObjectManager> manager = sampleObjectManager();
+};
+
+TEST_F(Answers, EnumeratedInstancesAreNamedByTheKeysOfTheirClass)
+{
+    const std::string body =
+        answer(
+            intrinsic("EnumerateInstances",
+                      "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"SAMPLE_Service\"/></IPARAMVALUE>"))
+            .body;
+    EXPECT_NE(
+        body.find("<VALUE.NAMEDINSTANCE><INSTANCENAME CLASSNAME=\"SAMPLE_Service\">"
+                  "<KEYBINDING NAME=\"SystemCreationClassName\"><KEYVALUE "
+                  "VALUETYPE=\"string\">SAMPLE_Service</KEYVALUE></KEYBINDING>"
+                  "<KEYBINDING NAME=\"SystemName\"><KEYVALUE "
+                  "VALUETYPE=\"string\">SAMPLE_Host</KEYVALUE></KEYBINDING>"
+                  "<KEYBINDING NAME=\"CreationClassName\"><KEYVALUE "
+                  "VALUETYPE=\"string\">SAMPLE_Service</KEYVALUE></KEYBINDING>"
+                  "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE=\"string\">svc0</KEYVALUE></KEYBINDING>"
+                  "</INSTANCENAME><INSTANCE CLASSNAME=\"SAMPLE_Service\">"),
+        std::string::npos)
+        << body;
+}
+
+TEST_F(Answers, BodiesThatAreNoCimXmlAreRefused)
+{
+    EXPECT_EQ(refusal(""), "400 request-not-well-formed");
+    EXPECT_EQ(refusal("hello"), "400 request-not-well-formed");
+    EXPECT_EQ(refusal("<CIM CIMVERSION=\"2.0\""), "400 request-not-well-formed");
+    EXPECT_EQ(refusal("<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"><MESSAGE ID=\"1\">"),
+              "400 request-not-well-formed");
+    EXPECT_EQ(refusal("<HTML/>"), "400 request-not-loosely-valid");
+    EXPECT_EQ(refusal("<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\"/>"), "400 request-not-loosely-valid");
+    EXPECT_EQ(refusal(message("")), "400 request-not-loosely-valid");
+    EXPECT_EQ(refusal(message("<SIMPLEREQ></SIMPLEREQ>")), "400 request-not-loosely-valid");
+    EXPECT_EQ(refusal(message("<SIMPLEREQ><IMETHODCALL/></SIMPLEREQ>")), "400 request-not-loosely-valid");
+}
+
+TEST_F(Answers, OtherEncodingsAreRefused)
+{
+    EXPECT_EQ(refusal(message("<!-- \xE9 -->")), "400 request-not-well-formed");
+    EXPECT_EQ(refusal(std::string("\xFF\xFE<\0C\0I\0M\0", 10)), "400 request-not-well-formed");
+}
+
+TEST_F(Answers, AByteOrderMarkIsAccepted)
+{
+    EXPECT_EQ(answer("\xEF\xBB\xBF" + intrinsic("EnumerateClassNames", "")).status, 200U);
+}
+
+TEST_F(Answers, OtherVersionsAreRefused)
+{
+    EXPECT_EQ(refusal("<CIM CIMVERSION=\"3.0\" DTDVERSION=\"2.0\"><MESSAGE/></CIM>"),
+              "501 unsupported-cim-version");
+    EXPECT_EQ(refusal("<CIM CIMVERSION=\"2.0\" DTDVERSION=\"1.0\"><MESSAGE/></CIM>"),
+              "501 unsupported-dtd-version");
+    EXPECT_EQ(refusal("<CIM DTDVERSION=\"2.0\"><MESSAGE/></CIM>"), "400 request-not-loosely-valid");
+}
+
+TEST_F(Answers, BatchesAreRefused)
+{
+    EXPECT_EQ(refusal(message("<MULTIREQ><SIMPLEREQ/><SIMPLEREQ/></MULTIREQ>")),
+              "501 multiple-requests-unsupported");
+}
+
+TEST_F(Answers, EntitiesOfADocumentTypeAreNotExpanded)
+{
+    const std::string bomb = "<!DOCTYPE CIM [<!ENTITY a \"xxxxxxxxxx\"><!ENTITY b \"&a;&a;&a;&a;\">]>";
+    std::string request = intrinsic(
+        "EnumerateInstanceNames", "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"&b;\"/></IPARAMVALUE>");
+    request.insert(request.find("<CIM"), bomb);
+    EXPECT_NE(answer(request).body.find("DESCRIPTION=\"class does not exist (/root/cimv2:&amp;b;)\""),
+              std::string::npos);
+}
+
+TEST_F(Answers, DeepNestingEndsInARefusal)
+{
+    std::string nested;
+    for (int i = 0; i < 100000; ++i) {
+        nested += "<a>";
+    }
+    EXPECT_EQ(refusal(nested), "400 request-not-well-formed");
+    std::string closed = nested;
+    for (int i = 0; i < 100000; ++i) {
+        closed += "</a>";
+    }
+    EXPECT_EQ(refusal(closed), "400 request-not-loosely-valid");
+    EXPECT_EQ(answer(intrinsic("EnumerateClassNames", closed)).status, 200U);
+}
+
+TEST_F(Answers, OperationsThatAreNotServedAreNotSupported)
+{
+    EXPECT_NE(answer(intrinsic("ExecQuery", ""))
+                  .body.find("<ERROR CODE=\"7\" DESCRIPTION=\"requested operation is not supported\">"),
+              std::string::npos);
+}
+
+TEST_F(Answers, ThrownThingsAreDescribedByWhatTheyAre)
+{
+    const auto described = [](auto thrown) {
+        const CimFailure failure = describe(std::make_exception_ptr(thrown));
+        return std::to_string(failure.code) + " " + failure.description;
+    };
+    using OpenWBEM::CIMException;
+    EXPECT_EQ(described(CIMException("x", 1, CIMException::FAILED, "boom#ID#")),
+              "1 general error (boom#ID#)");
+    EXPECT_EQ(described(std::runtime_error("plain")), "1 plain");
+    EXPECT_EQ(described(OpenWBEM::ValueCastException("x", 1, "not a STRING")), "1 not a STRING");
+    EXPECT_EQ(described(42), "1 Unknown Exception");
+}
+
+} // namespace
+} // namespace cimom::test

@@ -1,0 +1,3 @@
+#include "JournalProvider.hpp"
+
+OW_PROVIDERFACTORY(JournalProvider, Journal)

@@ -1,0 +1,10 @@
+#include "JournalProvider.hpp"
+
+extern "C" const char* getOWVersion()
+{
+    return OW_VERSION;
+}
+extern "C" OpenWBEM::CppProviderBaseIFC* createProviderMadeNothing()
+{
+    return nullptr;
+}

@@ -1,0 +1,6 @@
+#include "JournalProvider.hpp"
+
+extern "C" OpenWBEM::CppProviderBaseIFC* createProviderNoVersion()
+{
+    return new JournalProvider;
+}
