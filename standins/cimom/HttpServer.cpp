@@ -124,13 +124,12 @@ HttpServer::Daemon::Daemon(const HttpOptions& options, Handler handler, Log log)
     : m_options(options), m_handler(std::move(handler)), m_log(std::move(log))
 {
     const ListenAddress address = parseAddress(options);
-    m_daemon =
-        MHD_start_daemon(MHD_USE_AUTO_INTERNAL_THREAD | MHD_USE_ERROR_LOG | address.daemonFlags, options.port,
-                         nullptr, nullptr, &Daemon::onAccess, this, MHD_OPTION_EXTERNAL_LOGGER,
-                         &Daemon::onLog, this, MHD_OPTION_NOTIFY_COMPLETED, &Daemon::onCompleted, this,
-                         MHD_OPTION_SOCK_ADDR, reinterpret_cast<const sockaddr*>(&address.storage),
-                         MHD_OPTION_CONNECTION_TIMEOUT, options.timeout, MHD_OPTION_CONNECTION_LIMIT,
-                         options.maxConnections, MHD_OPTION_LISTENING_ADDRESS_REUSE, 1U, MHD_OPTION_END);
+    m_daemon = MHD_start_daemon(
+        MHD_USE_AUTO_INTERNAL_THREAD | MHD_USE_ERROR_LOG | address.daemonFlags, options.port, nullptr,
+        nullptr, &Daemon::onAccess, this, MHD_OPTION_EXTERNAL_LOGGER, &Daemon::onLog, this,
+        MHD_OPTION_NOTIFY_COMPLETED, &Daemon::onCompleted, this, MHD_OPTION_SOCK_ADDR,
+        reinterpret_cast<const sockaddr*>(&address.storage), MHD_OPTION_CONNECTION_TIMEOUT, options.timeout,
+        MHD_OPTION_CONNECTION_LIMIT, options.maxConnections, MHD_OPTION_END);
     if (m_daemon == nullptr) {
         throw std::runtime_error("cannot listen on " + options.address + " port " +
                                  std::to_string(options.port));
