@@ -135,13 +135,38 @@ TEST_F(ProviderEnumeration, FlagsAndPropertyListAreIgnored)
                            OpenWBEM::CIMClass(OpenWBEM::CIMNULL), OpenWBEM::CIMClass(OpenWBEM::CIMNULL));
 }
 
-TEST_F(ProviderEnumeration, NoIterationIsLeftOpen)
+class IterationWatcher : public ORX_ALGServiceInstanceManager
 {
-    initialize();
+  public:
+    void startIteration() override
+    {
+        calls.push_back("startIteration");
+        ORX_ALGServiceInstanceManager::startIteration();
+    }
+    ORX_ALGService* next() override
+    {
+        calls.push_back("next");
+        return ORX_ALGServiceInstanceManager::next();
+    }
+    void endIteration() override
+    {
+        calls.push_back("endIteration");
+        ORX_ALGServiceInstanceManager::endIteration();
+    }
+
+    Lines calls;
+};
+
+TEST_F(ProviderEnumeration, AnIterationIsStartedAndEnded)
+{
+    auto* const manager = new IterationWatcher;
+    ORX_ALGService::SetInstanceManager(manager);
+    const ORX_ALGService service("A", "B", "C", "D");
     enumInstanceNames();
-    EXPECT_FALSE(ORX_ALGService::getInstanceManager()->hasNext());
+    EXPECT_EQ(manager->calls, (Lines{"startIteration", "next", "endIteration"}));
+    manager->calls.clear();
     enumInstances();
-    EXPECT_FALSE(ORX_ALGService::getInstanceManager()->hasNext());
+    EXPECT_EQ(manager->calls, (Lines{"startIteration", "next", "endIteration"}));
 }
 
 TEST_F(ProviderEnumeration, WhatAResultHandlerThrowsPassesThrough)

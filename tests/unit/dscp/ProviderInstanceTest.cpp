@@ -171,6 +171,14 @@ TEST_F(ProviderInstance, APathWithoutOneOfItsKeysIsNotFound)
     }
 }
 
+TEST_F(ProviderInstance, ANullKeyIsNoText)
+{
+    const ORX_ALGService namedAsNullIsPrinted("SCCN", "SN", "CCN", "(null)");
+    const ORX_ALGService nameless("SCCN", "SN", "CCN", "");
+    EXPECT_EQ(failureOf([&] { getInstance(path(dscptest::withNull("Name", startUpKeys()))); }),
+              (CimFailure{6, ""}));
+}
+
 TEST_F(ProviderInstance, APathOfOtherKeysIsNotFound)
 {
     initialize();
