@@ -146,19 +146,24 @@ TEST_F(NodePool, GrowsOneByOneWithoutABlockSize)
     EXPECT_EQ(nodes(), 258);
 }
 
-TEST_F(NodePool, DropsAFreedNodeWithoutABlockSize)
+TEST_F(NodePool, DropsAFreedNodeAndItselfWithoutABlockSize)
 {
     PooledList list;
-    list.fill(0, 256); // empties the pool, so that nothing but the freed node is dropped
+    list.fill(0, 256); // empties the pool
     list.setBlockSize(0);
-    PooledList::Node* dropped = list.NewNode(nullptr);
-    list.FreeNode(dropped);
+    PooledList::Node* pooled = list.NewNode(nullptr);
+    PooledList::Node* freed = list.NewNode(nullptr);
+    list.setBlockSize(1);
+    list.FreeNode(pooled);
+    list.setBlockSize(0);
+    list.FreeNode(freed);
     EXPECT_EQ(list.GetCount(), 256);
-    EXPECT_EQ(nodes(), 257) << "it is not deleted";
-    PooledList::Node* fresh = list.NewNode(nullptr);
-    EXPECT_NE(fresh, dropped) << "it does not come back";
+    EXPECT_EQ(nodes(), 258) << "nothing is deleted";
 
-    delete dropped;
+    PooledList::Node* fresh = list.NewNode(nullptr);
+    EXPECT_EQ(nodes(), 259) << "nothing comes back";
+    delete pooled;
+    delete freed;
     delete fresh;
 }
 
