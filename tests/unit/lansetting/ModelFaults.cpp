@@ -18,16 +18,20 @@ bool realPrimaryDNS(const ORX_LANSetting* model, String& value) //
 bool realSecondaryDNS(const ORX_LANSetting* model, String& value) //
     __asm__("__real__ZNK14ORX_LANSetting15getSecondaryDNSERN8OpenWBEM6StringE");
 
-int wrappedGet(const char* key, unsigned* value) __asm__("__wrap__Z23kv_get_netfilter_configPKcPj");
-int wrappedSet(const char* key, unsigned value) __asm__("__wrap__Z23kv_set_netfilter_configPKcj");
+// Pointers to member functions carry a flag in their lowest bit, so what takes a member's place needs an even
+// address, which free functions do not have by themselves.
+#define KV_IN_PLACE_OF(symbol) __asm__("__wrap_" symbol) __attribute__((aligned(16)))
+
+int wrappedGet(const char* key, unsigned* value) KV_IN_PLACE_OF("_Z23kv_get_netfilter_configPKcPj");
+int wrappedSet(const char* key, unsigned value) KV_IN_PLACE_OF("_Z23kv_set_netfilter_configPKcj");
 bool wrappedInstanceID(const ORX_LANSetting* model, String& value) //
-    __asm__("__wrap__ZNK14ORX_LANSetting13getInstanceIDERN8OpenWBEM6StringE");
+    KV_IN_PLACE_OF("_ZNK14ORX_LANSetting13getInstanceIDERN8OpenWBEM6StringE");
 bool wrappedDomainName(const ORX_LANSetting* model, String& value) //
-    __asm__("__wrap__ZNK14ORX_LANSetting13getDomainNameERN8OpenWBEM6StringE");
+    KV_IN_PLACE_OF("_ZNK14ORX_LANSetting13getDomainNameERN8OpenWBEM6StringE");
 bool wrappedPrimaryDNS(const ORX_LANSetting* model, String& value) //
-    __asm__("__wrap__ZNK14ORX_LANSetting13getPrimaryDNSERN8OpenWBEM6StringE");
+    KV_IN_PLACE_OF("_ZNK14ORX_LANSetting13getPrimaryDNSERN8OpenWBEM6StringE");
 bool wrappedSecondaryDNS(const ORX_LANSetting* model, String& value) //
-    __asm__("__wrap__ZNK14ORX_LANSetting15getSecondaryDNSERN8OpenWBEM6StringE");
+    KV_IN_PLACE_OF("_ZNK14ORX_LANSetting15getSecondaryDNSERN8OpenWBEM6StringE");
 
 int wrappedGet(const char* key, unsigned* value)
 {
