@@ -7,7 +7,7 @@ from typing import NamedTuple
 
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 RUN = CHECKOUT / "standins/server/run"
-AGENT = pathlib.Path(__file__).with_name("agent.py")
+SERVER_END = pathlib.Path(__file__).with_name("server_end.py")
 
 
 class Result(NamedTuple):
@@ -20,8 +20,8 @@ class Server:
     """One disposable server, started by the command `run`; `environment` is the runner's."""
 
     def __init__(self, run=(RUN,), environment=None, options=()):
-        # The agent travels as text: who starts the server may not be allowed to read the checkout.
-        command = [*run, *options, "/usr/bin/python3", "-u", "-c", AGENT.read_text()]
+        # The other end travels as text: who starts the server may not be allowed to read the checkout.
+        command = [*run, *options, "/usr/bin/python3", "-u", "-c", SERVER_END.read_text()]
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
                                         env=environment, cwd=CHECKOUT)
 
