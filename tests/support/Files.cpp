@@ -88,18 +88,21 @@ FILE* __wrap_fopen(const char* path, const char* mode)
     return stream;
 }
 
+// A failure is that of writing out the last of the content: the stream is closed all the same.
 int __wrap_fclose(FILE* stream)
 {
-    if (World* world = World::current()) {
-        const auto found = world->streams.find(stream);
-        if (found == world->streams.end()) {
-            world->problem("fclose of a stream that is not open");
-        } else {
-            world->record(fakes::File, "fclose " + found->second);
-            world->streams.erase(found);
-        }
+    World* world = World::current();
+    if (!world)
+        return __real_fclose(stream);
+    const auto found = world->streams.find(stream);
+    if (found == world->streams.end()) {
+        world->problem("fclose of a stream that is not open");
+        return __real_fclose(stream);
     }
-    return __real_fclose(stream);
+    const bool failing = fails(*world, "fclose", "fclose " + found->second);
+    world->streams.erase(found);
+    const int result = __real_fclose(stream);
+    return failing ? EOF : result;
 }
 
 int __wrap_rename(const char* from, const char* to)

@@ -198,16 +198,24 @@ int __wrap_ioctl(int fd, unsigned long request, ...)
     return interfaceRequest(*world, request, *static_cast<ifreq*>(argument));
 }
 
+// A failing close has closed all the same, as Linux does it.
 int __wrap_close(int fd)
 {
-    if (World* world = World::current()) {
-        const auto found = world->descriptors.find(fd);
-        if (found == world->descriptors.end()) {
-            world->problem("close of a descriptor that is not open");
-        } else {
-            world->record(fakes::Kernel, "close " + found->second);
-            world->descriptors.erase(found);
-        }
+    World* world = World::current();
+    if (!world)
+        return __real_close(fd);
+    const auto found = world->descriptors.find(fd);
+    if (found == world->descriptors.end()) {
+        world->problem("close of a descriptor that is not open");
+        return __real_close(fd);
     }
-    return __real_close(fd);
+    const std::string line = "close " + found->second;
+    world->record(fakes::Kernel, line);
+    world->descriptors.erase(found);
+    const int result = __real_close(fd);
+    if (const auto code = world->failureOf("close", line)) {
+        errno = *code;
+        return -1;
+    }
+    return result;
 }

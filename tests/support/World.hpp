@@ -31,6 +31,8 @@ enum Kind : unsigned {
     System = 1024, ///< syslog, sleep, perror
     Log = 2048,    ///< the object manager's loggers
     Everything = 4095,
+    Content = 4096, ///< fgets, fwrite, fprintf on the product's streams: in no journal unless asked for, as
+                    ///< how many calls carry a content is no matter of behaviour
     /// What a change does to the server: everything but queries and plain file access.
     Effects = Registry | Diag | Lock | Notice | Command | System | Log
 };
