@@ -5,14 +5,13 @@
 
 #include <gtest/gtest.h>
 
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::String;
 
 namespace
 {
 
-class ChangeChecks : public fakes::EndpointServer
+class ChangeChecks : public EndpointServer
 {
   protected:
     /// The outcome of a change of `ifName` to these values; the journal holds what endChange did.
@@ -28,10 +27,7 @@ class ChangeChecks : public fakes::EndpointServer
         return endpoint.endChange();
     }
 
-    void expectOnlyReadAnd(const Lines& checks)
-    {
-        EXPECT_EQ(fakes::reading("eth1") + checks, world.journal());
-    }
+    void expectOnlyReadAnd(const Lines& checks) { EXPECT_EQ(reading("eth1") + checks, world.journal()); }
 
     const Lines neighbours = {"dhcpIpInfoGetIPInfo eth0", "dhcpIpInfoGetIPInfo eth2"};
 };
@@ -48,8 +44,7 @@ TEST_F(ChangeChecks, UnchangedValuesPassAllChecksAndDoNothing)
         endpoint.getGateway(gateway);
         world.clearJournal();
         EXPECT_EQ(1, endpoint.endChange());
-        EXPECT_EQ(fakes::reading(ifName) + fakes::checking(ifName, address.c_str(), gateway.c_str()),
-                  world.journal());
+        EXPECT_EQ(reading(ifName) + checking(ifName, address.c_str(), gateway.c_str()), world.journal());
     }
 }
 
@@ -114,7 +109,7 @@ TEST_F(ChangeChecks, TheNetworksAreComparedAgainAfterTheMaskCheck)
 TEST_F(ChangeChecks, AGatewayThatThePlatformRefusesIsInvalid)
 {
     EXPECT_EQ(2, outcome("eth1", "10.0.0.6", "255.255.255.0", "10.0.0"));
-    expectOnlyReadAnd(fakes::checking("eth1", "10.0.0.6", "10.0.0"));
+    expectOnlyReadAnd(checking("eth1", "10.0.0.6", "10.0.0"));
 }
 
 TEST_F(ChangeChecks, ARouterCardThatCannotBeAskedForIsARefusal)
@@ -149,7 +144,7 @@ TEST_F(ChangeChecks, TextBehindANulDoesNotHideInAValue)
     EXPECT_EQ(2, outcome("eth1", String("10.0.0.6\0;ls", 12), "255.255.255.0", "10.0.0.1"));
     EXPECT_EQ(3, outcome("eth1", "10.0.0.6", String("255.255.0.0\0;ls", 15), "10.0.0.1"));
     EXPECT_EQ(2, outcome("eth1", "10.0.0.6", "255.255.255.0", String("10.0.0.2\0;ls", 12)));
-    EXPECT_EQ(Lines{}, world.journal(fakes::Effects));
+    EXPECT_EQ(Lines{}, world.journal(Effects));
 }
 
 TEST_F(ChangeChecks, PendingValuesOfADhcpInterfaceAreAcceptedWithoutEffect)
@@ -186,7 +181,7 @@ TEST_F(ChangeChecks, WhatCountsIsTheStoredBootProtocolNotTheField)
     configureDhcp("eth2", "172.16.0.77", "255.255.255.0");
     world.clearJournal();
     EXPECT_EQ(1, endpoint.endChange());
-    EXPECT_EQ(fakes::reading("eth2"), world.journal());
+    EXPECT_EQ(reading("eth2"), world.journal());
 }
 
 TEST_F(ChangeChecks, HoweverItEndsTheChangeIsNoLongerInProgress)

@@ -9,7 +9,6 @@
 
 using fakes::failureOf;
 using fakes::Lines;
-using OpenWBEM::String;
 
 namespace
 {

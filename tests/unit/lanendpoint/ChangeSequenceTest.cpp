@@ -8,10 +8,7 @@
 
 #include <cerrno>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
-using OpenWBEM::String;
+using namespace fakes; // for the sums of journal lines
 
 namespace
 {
@@ -26,7 +23,7 @@ const std::map<std::string, NewValues> oldValues = {
     {"eth2", {"172.16.0.1", "255.255.255.0", ""}},
 };
 
-class ChangeSequences : public fakes::EndpointServer
+class ChangeSequences : public EndpointServer
 {
   protected:
     static ORX_LANEndpointAPI begun(const std::string& ifName)
@@ -58,28 +55,27 @@ class EveryChange : public ChangeSequences, public ::testing::WithParamInterface
 
 TEST_P(EveryChange, IsAppliedInItsOrderAndNothingElseHappens)
 {
-    const NewValues old = oldValues.at(ifName);
+    const NewValues& old = oldValues.at(ifName);
     NewValues values = old;
     ORX_LANEndpointAPI endpoint = begun(ifName);
     Lines applied;
     if (changes & changesAddress) {
         values.address = old.address.substr(0, old.address.size() - 1) + "6";
         endpoint.setIPAddress(values.address.c_str());
-        applied = applied + fakes::addressChange(ifName, values.address);
+        applied = applied + addressChange(ifName, values.address);
     }
     if (changes & changesMask) {
         values.mask = "255.255.255.128";
         endpoint.setSubnetMask(values.mask.c_str());
-        applied = applied + fakes::maskChange(ifName, values.mask);
+        applied = applied + maskChange(ifName, values.mask);
     }
     if (changes & changesGateway) {
         values.gateway = "10.0.0.2";
         endpoint.setGateway(values.gateway.c_str());
-        applied = applied + fakes::gatewayChange(ifName, old.gateway, values.gateway);
+        applied = applied + gatewayChange(ifName, old.gateway, values.gateway);
     }
     EXPECT_EQ(1, end(endpoint));
-    EXPECT_EQ(fakes::reading(ifName) + fakes::checking(ifName, values.address, values.gateway) + applied,
-              world.journal());
+    EXPECT_EQ(reading(ifName) + checking(ifName, values.address, values.gateway) + applied, world.journal());
 }
 
 INSTANTIATE_TEST_SUITE_P(AllInterfaces, EveryChange,
@@ -99,7 +95,7 @@ TEST_F(ChangeSequences, ANewAddressOfTheCustomerLanIsThisSequence)
                      "runcommand /kv/bin/processcontrol start voicemail",
                      "dhcpIpInfoInformDHCPProviderOfIPConfigChange", "EmsConnectionOpen 0",
                      "EmsIpAddressChange 1 1 2", "sleep 1", "EmsConnectionClose"}),
-              world.journal(fakes::Effects));
+              world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, ANewAddressOfTheInternalLanTouchesNeitherHostsNorDhcp)
@@ -112,7 +108,7 @@ TEST_F(ChangeSequences, ANewAddressOfTheInternalLanTouchesNeitherHostsNorDhcp)
                      "dhcpIpInfoReleaseDHCPLANSemaphore", "runcommand /kv/bin/processcontrol stop voicemail",
                      "runcommand ifdown eth0;ifup eth0", "runcommand /kv/bin/processcontrol start voicemail",
                      "EmsConnectionOpen 0", "EmsIpAddressChange 1 1 1", "sleep 1", "EmsConnectionClose"}),
-              world.journal(fakes::Effects));
+              world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, ANewGatewayOfTheOamLanMovesTheDefaultRouteOfTheCustomerLan)
@@ -126,7 +122,7 @@ TEST_F(ChangeSequences, ANewGatewayOfTheOamLanMovesTheDefaultRouteOfTheCustomerL
                "runcommand /kv/bin/updateFile gateway 10.0.0.2", "dhcpIpInfoReleaseDHCPLANSemaphore",
                "runcommand route delete default gw  eth1", "runcommand route add default gw 10.0.0.2 eth1",
                "dhcpIpInfoInformDHCPProviderOfIPConfigChange"}),
-        world.journal(fakes::Effects));
+        world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, AnEmptiedGatewayIsPassedOnEmpty)
@@ -134,7 +130,7 @@ TEST_F(ChangeSequences, AnEmptiedGatewayIsPassedOnEmpty)
     ORX_LANEndpointAPI endpoint = begun("eth1");
     endpoint.setGateway("");
     EXPECT_EQ(1, end(endpoint));
-    EXPECT_EQ(fakes::gatewayChange("eth1", "10.0.0.1", ""), world.journal(fakes::Effects));
+    EXPECT_EQ(gatewayChange("eth1", "10.0.0.1", ""), world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, WithoutAFileEveryPendingValueCountsAsChanged)
@@ -142,8 +138,8 @@ TEST_F(ChangeSequences, WithoutAFileEveryPendingValueCountsAsChanged)
     ORX_LANEndpointAPI endpoint = begun("eth2");
     world.failNth(1, "fopen", EACCES);
     EXPECT_EQ(1, end(endpoint));
-    EXPECT_EQ(fakes::addressChange("eth2", "172.16.0.1") + fakes::maskChange("eth2", "255.255.255.0"),
-              world.journal(fakes::Effects));
+    EXPECT_EQ(addressChange("eth2", "172.16.0.1") + maskChange("eth2", "255.255.255.0"),
+              world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, FailingHelpersAreNotNoticed)
@@ -155,9 +151,9 @@ TEST_F(ChangeSequences, FailingHelpersAreNotNoticed)
     endpoint.setSubnetMask("255.255.0.0");
     endpoint.setGateway("10.0.0.2");
     EXPECT_EQ(1, end(endpoint));
-    EXPECT_EQ(fakes::addressChange("eth1", "10.0.0.6") + fakes::maskChange("eth1", "255.255.0.0") +
-                  fakes::gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
-              world.journal(fakes::Effects));
+    EXPECT_EQ(addressChange("eth1", "10.0.0.6") + maskChange("eth1", "255.255.0.0") +
+                  gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
+              world.journal(Effects));
 }
 
 TEST_F(ChangeSequences, AFailingDhcpNoticeIsNotNoticed)
@@ -166,15 +162,15 @@ TEST_F(ChangeSequences, AFailingDhcpNoticeIsNotNoticed)
     ORX_LANEndpointAPI endpoint = begun("eth1");
     endpoint.setSubnetMask("255.255.0.0");
     EXPECT_EQ(1, end(endpoint));
-    EXPECT_EQ(fakes::maskChange("eth1", "255.255.0.0"), world.journal(fakes::Effects));
+    EXPECT_EQ(maskChange("eth1", "255.255.0.0"), world.journal(Effects));
 }
 
 /// A change of everything whose notice to the element-management service fails.
 class FailingNotices : public ChangeSequences
 {
   protected:
-    const Lines changeWithoutNotice = fakes::bracketed("/kv/bin/updateFile ifcfg eth2 IPADDR 172.16.0.2") +
-                                      fakes::restart("eth2") + fakes::dhcpNotice("eth2");
+    const Lines changeWithoutNotice =
+        bracketed("/kv/bin/updateFile ifcfg eth2 IPADDR 172.16.0.2") + restart("eth2") + dhcpNotice("eth2");
 
     int outcome()
     {
@@ -193,7 +189,7 @@ TEST_F(FailingNotices, AConnectionThatCannotBeOpenedEndsTheChangeBehindTheAddres
     EXPECT_EQ(changeWithoutNotice +
                   (Lines{"EmsConnectionOpen 0",
                          "syslog 5 ORX_LANEndpointAPI: Cannot Open EMS connection: error code: 11\n"}),
-              world.journal(fakes::Effects));
+              world.journal(Effects));
 }
 
 TEST_F(FailingNotices, AnAnnouncementThatFailsEndsTheChangeBehindTheAddress)
@@ -203,17 +199,17 @@ TEST_F(FailingNotices, AnAnnouncementThatFailsEndsTheChangeBehindTheAddress)
     EXPECT_EQ(changeWithoutNotice +
                   (Lines{"EmsConnectionOpen 0", "EmsIpAddressChange 1 1 4",
                          "syslog 5 ORX_LANEndpointAPI: Cannot notify IP address change: error code: 12\n"}),
-              world.journal(fakes::Effects));
+              world.journal(Effects));
 }
 
 TEST_F(FailingNotices, AConnectionThatCannotBeClosedEndsNothing)
 {
     world.failNth(1, "EmsConnectionClose", 13);
     EXPECT_EQ(1, outcome());
-    EXPECT_EQ(changeWithoutNotice + fakes::emsNotice("eth2") +
+    EXPECT_EQ(changeWithoutNotice + emsNotice("eth2") +
                   Lines{"syslog 5 ORX_LANEndpointAPI: Cannot close EMS connection: error code: 13\n"} +
-                  fakes::maskChange("eth2", "255.255.0.0") + fakes::gatewayChange("eth2", "", "10.0.0.2"),
-              world.journal(fakes::Effects));
+                  maskChange("eth2", "255.255.0.0") + gatewayChange("eth2", "", "10.0.0.2"),
+              world.journal(Effects));
 }
 
 TEST_F(FailingNotices, AfterTheFailureTheChangeIsNoLongerInProgress)
@@ -236,9 +232,9 @@ TEST_F(ChangeSequences, VoiceMessagingThatCannotBeStoppedEndsTheChangeThere)
     EXPECT_EQ(
         "ORX_LANEndpointAPI.cpp 16 Failed to execute the command: /kv/bin/processcontrol stop voicemail",
         failureOf([&] { end(endpoint); }));
-    EXPECT_EQ(fakes::bracketed("/kv/bin/updateFile ifcfg eth2 IPADDR 172.16.0.2") +
+    EXPECT_EQ(bracketed("/kv/bin/updateFile ifcfg eth2 IPADDR 172.16.0.2") +
                   Lines{"runcommand /kv/bin/processcontrol stop voicemail"},
-              world.journal(fakes::Effects));
+              world.journal(Effects));
     world.clearJournal();
     endpoint.setIPAddress("nonsense"); // applied at once: the change is no longer in progress
     EXPECT_NE(Lines{}, world.journal());
@@ -253,8 +249,8 @@ TEST_F(ChangeSequences, VoiceMessagingThatCannotBeStartedEndsTheChangeThere)
     EXPECT_EQ(
         "ORX_LANEndpointAPI.cpp 16 Failed to execute the command: /kv/bin/processcontrol start voicemail",
         failureOf([&] { end(endpoint); }));
-    EXPECT_EQ(fakes::bracketed("/kv/bin/updateFile ifcfg eth2 NETMASK 255.255.0.0") + fakes::restart("eth2"),
-              world.journal(fakes::Effects));
+    EXPECT_EQ(bracketed("/kv/bin/updateFile ifcfg eth2 NETMASK 255.255.0.0") + restart("eth2"),
+              world.journal(Effects));
 }
 
 } // namespace

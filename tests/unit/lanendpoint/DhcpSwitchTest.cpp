@@ -4,15 +4,13 @@
 
 #include <gtest/gtest.h>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::String;
 
 namespace
 {
 
-class DhcpSwitches : public fakes::EndpointServer
+class DhcpSwitches : public EndpointServer
 {
   protected:
     static bool isDhcpEnabled(const ORX_LANEndpointAPI& endpoint)
@@ -30,14 +28,13 @@ class DhcpSwitches : public fakes::EndpointServer
     }
 
     /// What both directions have in common: the files are rewritten with the address in force.
-    static Lines rewrites(const std::string& ifName, const std::string& protocol,
-                          const fakes::IPInfo& inForce)
+    static Lines rewrites(const std::string& ifName, const std::string& protocol, const IPInfo& inForce)
     {
         const std::string update = "/kv/bin/updateFile ifcfg " + ifName;
-        return fakes::bracketed(update + " BOOTPROTO " + protocol) + Lines{"dhcpIpInfoGetIPInfo " + ifName} +
-               fakes::bracketed(update + " IPADDR " + inForce.address) +
-               fakes::bracketed(update + " NETMASK " + inForce.mask) +
-               fakes::bracketed("/kv/bin/updateFile gateway " + inForce.gateway);
+        return bracketed(update + " BOOTPROTO " + protocol) + Lines{"dhcpIpInfoGetIPInfo " + ifName} +
+               bracketed(update + " IPADDR " + inForce.address) +
+               bracketed(update + " NETMASK " + inForce.mask) +
+               bracketed("/kv/bin/updateFile gateway " + inForce.gateway);
     }
 
     static Lines backgroundScript(const std::string& ifName)
@@ -46,7 +43,7 @@ class DhcpSwitches : public fakes::EndpointServer
                 "runcommand /kv/bin/dhcp_ippaddr.sh " + ifName + " &"};
     }
 
-    const fakes::IPInfo inForce = {"10.9.8.7", "255.255.248.0", "10.9.8.1"};
+    const IPInfo inForce = {"10.9.8.7", "255.255.248.0", "10.9.8.1"};
     const Lines notice = {"dhcpIpInfoInformDHCPProviderOfIPConfigChange"};
 };
 

@@ -4,14 +4,12 @@
 
 #include <gtest/gtest.h>
 
-using fakes::Lines;
-using fakes::operator+;
-using OpenWBEM::String;
+using namespace fakes; // for the sums of journal lines
 
 namespace
 {
 
-class EmsNotices : public fakes::EndpointServer
+class EmsNotices : public EndpointServer
 {
   protected:
     /// Hands the handler a packet that begins at an odd address, with the given bytes.
@@ -40,7 +38,7 @@ TEST_F(EmsNotices, AChangeIsAnnouncedWithTheBitOfTheInterface)
     for (const char* ifName : {"eth0", "eth1", "eth2"}) {
         world.clearJournal();
         EXPECT_EQ(0, ORX_LANEndpointAPI(ifName).notifyEMS());
-        EXPECT_EQ(fakes::emsNotice(ifName), world.journal());
+        EXPECT_EQ(emsNotice(ifName), world.journal());
     }
     EXPECT_EQ(&EmsIPChangePacketHandler, world.emsHandler);
 }
@@ -52,7 +50,7 @@ TEST_F(EmsNotices, NamesWithoutAnInterfaceNumberAnnounceNoBitThatTheyDoNotHave)
     EXPECT_EQ(0, ORX_LANEndpointAPI("eth7").notifyEMS());
     const Lines nobody = {"EmsConnectionOpen 0", "EmsIpAddressChange 1 1 0", "EmsConnectionClose"};
     const Lines eth7 = {"EmsConnectionOpen 0", "EmsIpAddressChange 1 1 128", "EmsConnectionClose"};
-    EXPECT_EQ(nobody + nobody + nobody + nobody + nobody + eth7, world.journal(fakes::Notice));
+    EXPECT_EQ(nobody + nobody + nobody + nobody + nobody + eth7, world.journal(Notice));
 }
 
 TEST_F(EmsNotices, AConnectionThatCannotBeOpenedEndsTheNotice)
@@ -77,7 +75,7 @@ TEST_F(EmsNotices, AConnectionThatCannotBeClosedIsOnlyLogged)
 {
     world.failNth(1, "EmsConnectionClose", 9);
     EXPECT_EQ(0, ORX_LANEndpointAPI("eth1").notifyEMS());
-    EXPECT_EQ(fakes::emsNotice("eth1") +
+    EXPECT_EQ(emsNotice("eth1") +
                   Lines{"syslog 5 ORX_LANEndpointAPI: Cannot close EMS connection: error code: 9\n"},
               world.journal());
 }

@@ -6,8 +6,7 @@
 #include <cerrno>
 #include <type_traits>
 
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::String;
 
 namespace
@@ -15,7 +14,7 @@ namespace
 
 static_assert(!std::is_polymorphic_v<ORX_LANEndpointAPI>, "a plain value");
 
-class EndpointApi : public fakes::EndpointServer
+class EndpointApi : public EndpointServer
 {
   protected:
     /// "name|address|mask|gateway|dhcp"
@@ -51,7 +50,7 @@ TEST_F(EndpointApi, ReadingLoadsTheStoredConfiguration)
     ORX_LANEndpointAPI endpoint("eth1");
     EXPECT_EQ(1, endpoint.get());
     EXPECT_EQ("eth1|10.0.0.5|255.255.255.0|10.0.0.1|static", shown(endpoint));
-    EXPECT_EQ(fakes::reading("eth1"), world.journal());
+    EXPECT_EQ(reading("eth1"), world.journal());
 }
 
 TEST_F(EndpointApi, ReadingWithoutAFileKeepsTheFields)
@@ -112,22 +111,20 @@ TEST_F(EndpointApi, OutsideAChangeEachSetterAppliesAtOnce)
 
     world.clearJournal();
     EXPECT_EQ(0, endpoint.setIPAddress("10.0.0.6"));
-    EXPECT_EQ(fakes::reading("eth1") + fakes::checking("eth1", "10.0.0.6", "10.0.0.1") +
-                  fakes::addressChange("eth1", "10.0.0.6"),
+    EXPECT_EQ(reading("eth1") + checking("eth1", "10.0.0.6", "10.0.0.1") + addressChange("eth1", "10.0.0.6"),
               world.journal());
 
     configureStatic("eth1", "10.0.0.6", "255.255.255.0");
     world.clearJournal();
     EXPECT_EQ(0, endpoint.setSubnetMask("255.255.0.0"));
-    EXPECT_EQ(fakes::reading("eth1") + fakes::checking("eth1", "10.0.0.6", "10.0.0.1") +
-                  fakes::maskChange("eth1", "255.255.0.0"),
+    EXPECT_EQ(reading("eth1") + checking("eth1", "10.0.0.6", "10.0.0.1") + maskChange("eth1", "255.255.0.0"),
               world.journal());
 
     configureStatic("eth1", "10.0.0.6", "255.255.0.0");
     world.clearJournal();
     EXPECT_EQ(0, endpoint.setGateway("10.0.0.2"));
-    EXPECT_EQ(fakes::reading("eth1") + fakes::checking("eth1", "10.0.0.6", "10.0.0.2") +
-                  fakes::gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
+    EXPECT_EQ(reading("eth1") + checking("eth1", "10.0.0.6", "10.0.0.2") +
+                  gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
               world.journal());
 }
 
@@ -137,7 +134,7 @@ TEST_F(EndpointApi, OutsideAChangeTheOutcomeIsLost)
     endpoint.get();
     EXPECT_EQ(0, endpoint.setIPAddress("nonsense"));
     EXPECT_EQ("eth1|nonsense|255.255.255.0|10.0.0.1|static", shown(endpoint));
-    EXPECT_EQ(Lines{}, world.journal(fakes::Effects));
+    EXPECT_EQ(Lines{}, world.journal(Effects));
 }
 
 TEST_F(EndpointApi, AnEndpointIsCopiedWithItsChangeInProgress)

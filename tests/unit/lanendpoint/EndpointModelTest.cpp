@@ -10,9 +10,7 @@
 #include <net/if.h>
 #include <type_traits>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::Array;
 using OpenWBEM::CIMDateTime;
 using OpenWBEM::CIMQualifier;
@@ -26,7 +24,7 @@ static_assert(!std::is_polymorphic_v<ORX_LANEndpoint>, "a plain value");
 const std::string mappingFailure =
     "ORX_LANEndpoint.cpp 1 Cannot find the corresponding if interface#LAN_ERROR_noIFNameMapping#";
 
-class EndpointModels : public fakes::EndpointServer
+class EndpointModels : public EndpointServer
 {
   protected:
     static std::string nameOf(const ORX_LANEndpoint& endpoint)
@@ -150,7 +148,7 @@ TEST_F(EndpointModels, ReadingFillsHardwareAddressMtuAndConfiguration)
     EXPECT_EQ("10.0.0.5", addressOf(endpoint));
     EXPECT_EQ((Lines{"socket", "ioctl SIOCGIFHWADDR eth1", "close socket",
                      "KvuGetRegEntryUint16Ex 5 providers\\ORX_LANProvider\\eth1 MTUSize"}) +
-                  fakes::reading("eth1"),
+                  reading("eth1"),
               world.journal());
 }
 

@@ -6,16 +6,14 @@
 
 #include <cerrno>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 
 namespace
 {
 
 const std::pair<std::string, std::string> storedOfEth1 = {"providers\\ORX_LANProvider\\eth1", "MTUSize"};
 
-class EndpointMtus : public fakes::EndpointServer
+class EndpointMtus : public EndpointServer
 {
   protected:
     ORX_LANEndpoint endpoint{1};
@@ -33,7 +31,7 @@ class EndpointMtus : public fakes::EndpointServer
         world.registry.erase(storedOfEth1);
         world.clearJournal();
         EXPECT_EQ(1, endpoint.get());
-        return world.journal(fakes::Kernel | fakes::Registry | fakes::System);
+        return world.journal(Kernel | Registry | System);
     }
 
     const Lines beforeSeed = {"socket", "ioctl SIOCGIFHWADDR eth1", "close socket",
@@ -84,7 +82,7 @@ TEST_F(EndpointMtus, ASeedThatCannotBeStoredIsReportedAllTheSame)
     world.failNth(1, "KvuSetRegEntryUint16Ex", 5);
     seeding();
     EXPECT_EQ(1492, maxDataSize());
-    EXPECT_EQ(Lines{}, world.journal(fakes::Log));
+    EXPECT_EQ(Lines{}, world.journal(Log));
 }
 
 TEST_F(EndpointMtus, ARegistryThatFailsOtherwiseIsTakenAsItIs)
@@ -92,7 +90,7 @@ TEST_F(EndpointMtus, ARegistryThatFailsOtherwiseIsTakenAsItIs)
     world.failNth(1, "KvuGetRegEntryUint16Ex", 5);
     EXPECT_EQ(1, endpoint.get());
     EXPECT_EQ(0, maxDataSize());
-    EXPECT_EQ(beforeSeed, world.journal(fakes::Kernel | fakes::Registry | fakes::System));
+    EXPECT_EQ(beforeSeed, world.journal(Kernel | Registry | System));
 
     world.failedReadLeaves = 1234;
     world.failNth(1, "KvuGetRegEntryUint16Ex", 5);

@@ -5,13 +5,12 @@
 
 #include <cerrno>
 
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 
 namespace
 {
 
-class InterfaceFiles : public fakes::EndpointServer
+class InterfaceFiles : public EndpointServer
 {
   protected:
     InterfaceConfiguration read(const std::string& ifName = "eth2")
@@ -148,7 +147,7 @@ TEST_F(InterfaceFiles, ADirectoryInPlaceOfTheFileSaysNothing)
 {
     world.makeDirectory(fileOf("eth3"));
     EXPECT_EQ("  static", shown(read("eth3")));
-    EXPECT_EQ(fakes::reading("eth3"), world.journal());
+    EXPECT_EQ(reading("eth3"), world.journal());
 }
 
 TEST_F(InterfaceFiles, AnUnreadableFileSaysNothing)
@@ -180,7 +179,7 @@ TEST_F(InterfaceFiles, OnlyTheCustomerLanAsksForTheDefaultGateway)
     EXPECT_STREQ("", read("eth0").gateway.c_str());
     EXPECT_STREQ("10.0.0.99", read("eth1").gateway.c_str());
     EXPECT_STREQ("", read("eth2").gateway.c_str());
-    EXPECT_EQ(fakes::reading("eth0") + fakes::reading("eth1") + fakes::reading("eth2"), world.journal());
+    EXPECT_EQ(reading("eth0") + reading("eth1") + reading("eth2"), world.journal());
 }
 
 TEST_F(InterfaceFiles, OnDhcpTheCustomerLanTakesTheAddressInForce)
@@ -198,7 +197,7 @@ TEST_F(InterfaceFiles, OnDhcpTheOtherInterfacesTakeWhatTheFileSays)
 {
     configureDhcp("eth2", "172.16.0.77", "255.255.255.128");
     EXPECT_EQ("1.1.1.1 255.0.0.0 dhcp", shown(read("eth2")));
-    EXPECT_EQ(fakes::reading("eth2"), world.journal());
+    EXPECT_EQ(reading("eth2"), world.journal());
 }
 
 TEST_F(InterfaceFiles, AnAddressThatIsNotKnownIsEmpty)

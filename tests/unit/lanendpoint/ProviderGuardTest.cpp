@@ -7,9 +7,7 @@
 
 #include <stdexcept>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::CIMException;
 using OpenWBEM::CIMInstance;
 using OpenWBEM::CIMProperty;
@@ -21,7 +19,7 @@ namespace
 
 const std::string unit = "ORX_LANEndpointProvider.cpp 1 ";
 
-class UnexpectedExceptions : public fakes::ProviderTest
+class UnexpectedExceptions : public ProviderTest
 {
   protected:
     /// Each operation, the text of its target, and what runs it so that `interruption` is called inside.
@@ -71,7 +69,7 @@ TEST_F(UnexpectedExceptions, AStandardExceptionIsReportedWithOperationTargetAndT
         world.clearJournal();
         const std::string text = unknownError(operation.name, operation.target) + "boom\n";
         EXPECT_EQ(unit + text, failureOfRunning(operation));
-        EXPECT_EQ(Lines{"request ERROR " + text}, world.journal(fakes::Log));
+        EXPECT_EQ(Lines{"request ERROR " + text}, world.journal(Log));
     }
 }
 
@@ -82,7 +80,7 @@ TEST_F(UnexpectedExceptions, AnyOtherExceptionIsReportedWithOperationAndTarget)
         world.clearJournal();
         const std::string text = unknownError(operation.name, operation.target);
         EXPECT_EQ(unit + text, failureOfRunning(operation));
-        EXPECT_EQ(Lines{"request ERROR " + text}, world.journal(fakes::Log));
+        EXPECT_EQ(Lines{"request ERROR " + text}, world.journal(Log));
     }
 }
 
@@ -93,7 +91,7 @@ TEST_F(UnexpectedExceptions, ACimExceptionPassesUnchangedAndUnlogged)
         EXPECT_EQ("Elsewhere.cpp 6 gone", failureOfRunning(operation));
         EXPECT_EQ(7, lineOfFailure(operation));
     }
-    EXPECT_EQ(Lines{}, world.journal(fakes::Log));
+    EXPECT_EQ(Lines{}, world.journal(Log));
 }
 
 TEST_F(UnexpectedExceptions, TheTwoKindsAreReportedFromDifferentLines)
@@ -124,7 +122,7 @@ TEST_F(UnexpectedExceptions, AValueOfTheWrongTypeIsSuchAnException)
     EXPECT_EQ(unit + unknownError("modifyInstance", wrongFlag.toString()) +
                   "CIMValue::CIMValueImpl::get - Value is not a BOOLEAN\n",
               failureOf([&] { modifyInstance(wrongFlag); }));
-    EXPECT_EQ(Lines{}, world.journal(fakes::Command));
+    EXPECT_EQ(Lines{}, world.journal(Command));
 }
 
 TEST_F(UnexpectedExceptions, ATextPropertyTakesAnyValueAsText)

@@ -5,14 +5,11 @@
 
 #include <cerrno>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::CIMDataType;
 using OpenWBEM::CIMInstance;
 using OpenWBEM::CIMProperty;
 using OpenWBEM::CIMValue;
-using OpenWBEM::String;
 
 namespace
 {
@@ -24,7 +21,7 @@ const Lines mtuChange = {"KvuSetRegEntryUint16Ex 5 providers\\ORX_LANProvider\\e
 
 const std::string endpointRead = "KvuGetRegEntryUint16Ex 5 providers\\ORX_LANProvider\\eth1 MTUSize";
 
-class EndpointModifications : public fakes::ProviderTest
+class EndpointModifications : public ProviderTest
 {
   protected:
     void modify(const std::vector<CIMProperty>& properties, const char* name = "eth1")
@@ -40,7 +37,7 @@ class EndpointModifications : public fakes::ProviderTest
     /// What the modification did to the server, behind the reading of the endpoint.
     Lines effects() const
     {
-        Lines lines = world.journal(fakes::Effects);
+        Lines lines = world.journal(Effects);
         EXPECT_FALSE(lines.empty());
         if (!lines.empty()) {
             EXPECT_EQ(endpointRead, lines.front());
@@ -51,41 +48,41 @@ class EndpointModifications : public fakes::ProviderTest
 
     Lines dhcpSwitch() const
     {
-        return fakes::bracketed("/kv/bin/updateFile ifcfg eth1 BOOTPROTO dhcp") +
-               fakes::bracketed("/kv/bin/updateFile ifcfg eth1 IPADDR 10.0.0.5") +
-               fakes::bracketed("/kv/bin/updateFile ifcfg eth1 NETMASK 255.255.255.0") +
-               fakes::bracketed("/kv/bin/updateFile gateway ") +
+        return bracketed("/kv/bin/updateFile ifcfg eth1 BOOTPROTO dhcp") +
+               bracketed("/kv/bin/updateFile ifcfg eth1 IPADDR 10.0.0.5") +
+               bracketed("/kv/bin/updateFile ifcfg eth1 NETMASK 255.255.255.0") +
+               bracketed("/kv/bin/updateFile gateway ") +
                Lines{"runcommand /kv/bin/processcontrol stop voicemail",
                      "runcommand /kv/bin/dhcp_ippaddr.sh eth1 &"} +
-               fakes::dhcpNotice("eth1");
+               dhcpNotice("eth1");
     }
 };
 
 TEST_F(EndpointModifications, ANewAddressIsTracedAndApplied)
 {
     modify({property("IPAddress", "10.0.0.6")});
-    EXPECT_EQ(traces + fakes::addressChange("eth1", "10.0.0.6"), effects());
+    EXPECT_EQ(traces + addressChange("eth1", "10.0.0.6"), effects());
 }
 
 TEST_F(EndpointModifications, AnAddressChangeIsThisJournalFromBeginningToEnd)
 {
     modify({property("IPAddress", "10.0.0.6")});
-    EXPECT_EQ((Lines{"socket", "ioctl SIOCGIFHWADDR eth1", "close socket", endpointRead}) +
-                  fakes::reading("eth1") + traces + fakes::reading("eth1") +
-                  fakes::checking("eth1", "10.0.0.6", "10.0.0.1") + fakes::addressChange("eth1", "10.0.0.6"),
+    EXPECT_EQ((Lines{"socket", "ioctl SIOCGIFHWADDR eth1", "close socket", endpointRead}) + reading("eth1") +
+                  traces + reading("eth1") + checking("eth1", "10.0.0.6", "10.0.0.1") +
+                  addressChange("eth1", "10.0.0.6"),
               world.journal());
 }
 
 TEST_F(EndpointModifications, ANewMaskIsApplied)
 {
     modify({property("SubnetMask", "255.255.0.0")});
-    EXPECT_EQ(fakes::maskChange("eth1", "255.255.0.0"), effects());
+    EXPECT_EQ(maskChange("eth1", "255.255.0.0"), effects());
 }
 
 TEST_F(EndpointModifications, ANewGatewayIsApplied)
 {
     modify({property("DefaultGateway", "10.0.0.2")});
-    EXPECT_EQ(fakes::gatewayChange("eth1", "10.0.0.1", "10.0.0.2"), effects());
+    EXPECT_EQ(gatewayChange("eth1", "10.0.0.1", "10.0.0.2"), effects());
 }
 
 TEST_F(EndpointModifications, ANewMtuIsApplied)
@@ -106,9 +103,8 @@ TEST_F(EndpointModifications, MtuAndDhcpActAsTheyComeAndTheRestTogetherAtTheEnd)
     modify({property("DefaultGateway", "10.0.0.2"), property("SubnetMask", "255.255.0.0"),
             property("isDhcpEnabled", true), property("IPAddress", "10.0.0.6"),
             property("MaxDataSize", 1400)});
-    EXPECT_EQ(dhcpSwitch() + traces + mtuChange + fakes::addressChange("eth1", "10.0.0.6") +
-                  fakes::maskChange("eth1", "255.255.0.0") +
-                  fakes::gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
+    EXPECT_EQ(dhcpSwitch() + traces + mtuChange + addressChange("eth1", "10.0.0.6") +
+                  maskChange("eth1", "255.255.0.0") + gatewayChange("eth1", "10.0.0.1", "10.0.0.2"),
               effects());
 }
 
@@ -125,7 +121,7 @@ TEST_F(EndpointModifications, OnceTheFileSaysDhcpPendingValuesOfTheSameRequestHa
 TEST_F(EndpointModifications, TheEndpointIsFoundByItsDescriptionToo)
 {
     modify({property("IPAddress", "10.0.0.6")}, "Customer LAN");
-    EXPECT_EQ(traces + fakes::addressChange("eth1", "10.0.0.6"), effects());
+    EXPECT_EQ(traces + addressChange("eth1", "10.0.0.6"), effects());
 }
 
 TEST_F(EndpointModifications, AnInstanceWithoutNameFindsNothing)
@@ -216,7 +212,7 @@ TEST_F(EndpointModifications, EveryRefusalReachesTheClientUnchanged)
     world.failNth(1, "EmsConnectionOpen", 1);
     EXPECT_EQ("ORX_LANEndpoint.cpp 1 Failed to notify related components on the address change",
               failureOfModifying({property("IPAddress", "10.0.0.6")}));
-    for (const std::string& line : world.journal(fakes::Log))
+    for (const std::string& line : world.journal(Log))
         EXPECT_EQ(0U, line.find("gLogger ")) << "logged a second time: " << line;
 }
 
@@ -234,7 +230,7 @@ TEST_F(EndpointModifications, AFailedCommandReachesTheClientUnchanged)
     EXPECT_EQ(
         "ORX_LANEndpointAPI.cpp 16 Failed to execute the command: /kv/bin/processcontrol stop voicemail",
         failureOfModifying({property("IPAddress", "10.0.0.6")}));
-    EXPECT_EQ(traces, world.journal(fakes::Log));
+    EXPECT_EQ(traces, world.journal(Log));
 }
 
 TEST_F(EndpointModifications, ASetterThatRefusesEndsTheModificationAndIsNamed)
@@ -254,7 +250,7 @@ TEST_F(EndpointModifications, ASetterThatRefusesEndsTheModificationAndIsNamed)
         EXPECT_EQ("ORX_LANEndpointProvider.cpp 1 " + text + "#LAN_ERROR_failedModifyProperty#",
                   failureOf([&] { modifyInstance(modified); }));
         EXPECT_EQ("gLogger ERROR " + text + ":  with return code: 0", effects().back());
-        EXPECT_EQ(Lines{}, world.journal(fakes::Command));
+        EXPECT_EQ(Lines{}, world.journal(Command));
     }
 }
 

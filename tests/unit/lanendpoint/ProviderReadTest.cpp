@@ -6,9 +6,7 @@
 #include <cerrno>
 #include <net/if.h>
 
-using fakes::failureOf;
-using fakes::Lines;
-using fakes::operator+;
+using namespace fakes; // for the sums of journal lines
 using OpenWBEM::CIMDateTime;
 using OpenWBEM::CIMInstance;
 using OpenWBEM::CIMObjectPath;
@@ -22,7 +20,7 @@ namespace
 const std::string mappingFailure =
     "ORX_LANEndpoint.cpp 1 Cannot find the corresponding if interface#LAN_ERROR_noIFNameMapping#";
 
-class EndpointReads : public fakes::ProviderTest
+class EndpointReads : public ProviderTest
 {
   protected:
     static Lines shownKeys(const CIMObjectPath& path)
@@ -141,7 +139,7 @@ TEST_F(EndpointReads, AnInstanceOfTheInternalLanHasAnEmptyGatewayAndItsOwnWarnin
 
 TEST_F(EndpointReads, TheSpeedIsA64BitNumberOfBitsPerSecond)
 {
-    world.interfaces["eth1"].mii = fakes::Interface::Mii::Standard;
+    world.interfaces["eth1"].mii = Interface::Mii::Standard;
     world.interfaces["eth1"].registers = {0x1000, 0x782D, 0, 0, 0x01E1, 0x41E1, 0, 0};
     EXPECT_EQ("uint64:Speed=100000000", shown(getInstance("eth1"), "Speed"));
 }
@@ -176,7 +174,7 @@ TEST_F(EndpointReads, AnInterfaceOutsideOfTheTableIsRefusedWhenItIsDescribed)
 {
     for (const char* name : {"eth", "eth3", "eth0;reboot", "eth1 ", "eth1\n", "ethernet", "eth0`reboot`"})
         EXPECT_EQ(mappingFailure, failureOf([&] { getInstance(name); })) << name;
-    EXPECT_EQ(Lines{}, world.journal(fakes::Command | fakes::Registry | fakes::Notice | fakes::Lock));
+    EXPECT_EQ(Lines{}, world.journal(Command | Registry | Notice | Lock));
 }
 
 TEST_F(EndpointReads, InstancesAreEnumeratedAsTheyAreGotOneByOne)
@@ -281,7 +279,7 @@ TEST_F(EndpointReads, AnAddressThatCannotBeReadIsAFailureNamedAfterTheSetter)
         EXPECT_EQ("ORX_LANEndpointProvider.cpp 1 Error: setIPAddress!!",
                   failureOf([this] { getInstance("eth1"); }));
     }
-    EXPECT_EQ(Lines{}, world.journal(fakes::Log));
+    EXPECT_EQ(Lines{}, world.journal(Log));
 }
 
 TEST_F(EndpointReads, ANameThatCannotBeReadEndsTheEnumerationOfNames)
