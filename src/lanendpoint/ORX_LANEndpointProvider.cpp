@@ -190,7 +190,7 @@ void ORX_LANEndpointProvider::enumInstances(const ProviderEnvironmentIFCRef& env
     reporting::guarded(
         env, {unit, "enumInstances", __LINE__, __LINE__ + 1}, [&] { return className; },
         [&] {
-            CIMInstance instance(creationClassName);
+            CIMInstance instance;
             for (int number = m_instances.next(); number >= 0; number = m_instances.next()) {
                 ORX_LANEndpoint endpoint(number);
                 endpoint.get();

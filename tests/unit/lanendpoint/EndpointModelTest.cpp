@@ -1,6 +1,7 @@
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
 #include "ORX_LANEndpoint.hpp"
+#include "Overrides.hpp"
 
 #include <OW_CIMValue.hpp>
 
@@ -182,6 +183,13 @@ TEST_F(EndpointModels, AConfigurationThatCannotBeReadDoesNotMatter)
     ORX_LANEndpoint endpoint(1);
     EXPECT_EQ(1, endpoint.get());
     EXPECT_EQ("", addressOf(endpoint));
+}
+
+TEST_F(EndpointModels, TheResultOfReadingTheConfigurationDoesNotMatter)
+{
+    Overrides overrides;
+    overrides.results["ORX_LANEndpointAPI::get"] = 0;
+    EXPECT_EQ(1, ORX_LANEndpoint(1).get());
 }
 
 TEST_F(EndpointModels, InitEmptiesItsOwnFieldsOnly)

@@ -51,6 +51,7 @@ using OpenWBEM::String;
         return result ? *result : __real_##symbol arguments;                                                 \
     }
 
+OVERRIDABLE(_ZN18ORX_LANEndpointAPI3getEv, "ORX_LANEndpointAPI::get", (ORX_LANEndpointAPI * self), (self))
 OVERRIDABLE(_ZN18ORX_LANEndpointAPI9endChangeEv, "ORX_LANEndpointAPI::endChange", (ORX_LANEndpointAPI * self),
             (self))
 OVERRIDABLE(_ZN18ORX_LANEndpointAPI16setIsDHCPEnabledERKb, "ORX_LANEndpointAPI::setIsDHCPEnabled",
