@@ -166,6 +166,9 @@ int dhcpIpInfoIsIPAddrValid(const char* text)
 {
     if (statusOf(fakes::Dhcp, "dhcpIpInfoIsIPAddrValid", text) != 0)
         return 0;
+    const auto verdict = world().addressVerdicts.find(text);
+    if (verdict != world().addressVerdicts.end())
+        return verdict->second;
     in_addr parsed{};
     return inet_pton(AF_INET, text, &parsed) == 1 && world().unusableAddresses.count(text) == 0 ? 1 : 0;
 }

@@ -122,6 +122,8 @@ class World
     std::string defaultGateway;
     std::set<std::string>
         unusableAddresses; ///< dotted quads that dhcpIpInfoIsIPAddrValid refuses besides malformed ones
+    std::map<std::string, int>
+        addressVerdicts; ///< what dhcpIpInfoIsIPAddrValid returns for these texts instead
     EmsPacketHandler emsHandler = nullptr;
     bool semaphoreHeld = false;
     std::map<std::string, CommandResult>

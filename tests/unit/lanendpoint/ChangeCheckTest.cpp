@@ -112,6 +112,16 @@ TEST_F(ChangeChecks, AGatewayThatThePlatformRefusesIsInvalid)
     expectOnlyReadAnd(checking("eth1", "10.0.0.6", "10.0.0"));
 }
 
+TEST_F(ChangeChecks, OnlyTheVerdictOneMakesAnAddressValidAndAnyButZeroAGateway)
+{
+    world.addressVerdicts["10.0.0.6"] = 2;
+    EXPECT_EQ(2, outcome("eth1", "10.0.0.6", "255.255.255.0", "10.0.0.1"));
+    world.addressVerdicts = {{"10.0.0.1", 2}};
+    EXPECT_EQ(1, outcome("eth1", "10.0.0.6", "255.255.255.0", "10.0.0.1"));
+    world.addressVerdicts = {{"10.0.0.1", -1}};
+    EXPECT_EQ(1, outcome("eth1", "10.0.0.6", "255.255.255.0", "10.0.0.1"));
+}
+
 TEST_F(ChangeChecks, ARouterCardThatCannotBeAskedForIsARefusal)
 {
     world.failNth(1, "osIsZODAOnePresent", 1);
