@@ -13,7 +13,7 @@
 
 using fakes::Lines;
 
-extern "C" int __real_close(int fd);
+extern "C" int __real_close(int fd); // NOLINT(bugprone-reserved-identifier): named by the linker
 
 namespace
 {
