@@ -125,6 +125,18 @@ TEST_F(Answers, DeepNestingEndsInARefusal)
     EXPECT_EQ(answer(intrinsic("EnumerateClassNames", closed)).status, 200U);
 }
 
+TEST_F(Answers, ValuesOfNothingButBlanksKeepThem)
+{
+    const std::string name =
+        "<IPARAMVALUE NAME=\"InstanceName\"><INSTANCENAME CLASSNAME=\"SAMPLE_Port\"><KEYBINDING "
+        "NAME=\"Name\">"
+        "<KEYVALUE VALUETYPE=\"string\">port0</KEYVALUE></KEYBINDING></INSTANCENAME></IPARAMVALUE>";
+    answer(intrinsic("SetProperty",
+                     name + "<IPARAMVALUE NAME=\"PropertyName\"><VALUE>IPAddress</VALUE></IPARAMVALUE>"
+                            "<IPARAMVALUE NAME=\"NewValue\"><VALUE>  </VALUE></IPARAMVALUE>"));
+    EXPECT_NE(printed.take().find("property IPAddress string '  '"), std::string::npos);
+}
+
 TEST_F(Answers, OperationsThatAreNotServedAreNotSupported)
 {
     EXPECT_NE(answer(intrinsic("ExecQuery", ""))

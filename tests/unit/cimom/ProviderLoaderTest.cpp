@@ -6,6 +6,7 @@
 #include "OW_CIMException.hpp"
 
 #include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -77,6 +78,14 @@ TEST_F(ProviderLoading, AProviderIsMadeAndInitializedOnceByItsFirstRequest)
     EXPECT_TRUE(bool(loader.provider("Journal")));
     EXPECT_TRUE(bool(loader.provider("Journal")));
     EXPECT_EQ(printed.take(), firstUse);
+}
+
+TEST_F(ProviderLoading, SymbolsOfAProviderAreVisibleToOtherLibrariesWhileItIsLoaded)
+{
+    install("Journal");
+    EXPECT_EQ(dlsym(RTLD_DEFAULT, "createProviderJournal"), nullptr);
+    loader.provider("Journal");
+    EXPECT_NE(dlsym(RTLD_DEFAULT, "createProviderJournal"), nullptr);
 }
 
 TEST_F(ProviderLoading, LibrariesOfAnotherVersionAreRefused)

@@ -79,9 +79,12 @@ std::string meaningOf(const HttpReply& reply)
         return "HTTP " + std::to_string(reply.status);
     }
     pugi::xml_document document;
-    document.load_buffer(reply.body.data(), reply.body.size(),
-                         pugi::parse_default | pugi::parse_ws_pcdata_single);
-    if (const pugi::xml_node error = document.select_node("//ERROR").node()) {
+    if (!document.load_buffer(reply.body.data(), reply.body.size(),
+                              pugi::parse_default | pugi::parse_ws_pcdata_single)) {
+        return "malformed: " + reply.body;
+    }
+    const pugi::xml_node error = document.select_node("//ERROR").node();
+    if (error && error.parent().first_child() == error.parent().last_child()) {
         return errorText(error.attribute("CODE").value(), error.attribute("DESCRIPTION").value());
     }
     std::ostringstream text;
