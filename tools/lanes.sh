@@ -38,6 +38,13 @@ note() {
     printf '   %s\n' "$*" >>"$results/${FUNCNAME[1]#lane_}.note"
 }
 
+# record_result LANE TEST STATUS: the result of a program that writes no file of results itself.
+record_result() {
+    local failure=
+    (($3 == 0)) || failure="<failure message=\"status $3\"/>"
+    printf '<testsuite name="%s"><testcase name="%s">%s</testcase></testsuite>\n' "$1" "$2" "$failure" >"$results/$1-$2.xml"
+}
+
 summary_of() {
     if [[ -e $results/$1.note ]]; then
         cat "$results/$1.note"
@@ -105,4 +112,27 @@ lane_phy() {
     ensure_packages packages-phy.txt
     build dev --target phy_guest
     /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/phy.xml" tests/phy
+}
+
+# on_server LANE TEST BUILD SECONDS: tests/soak/TEST.py on a disposable server. Its closing lines begin with its name.
+on_server() {
+    local output=$logs/$1-$2.log status=0
+    KV_BUILD_DIR=$PWD/build/$3 standins/server/run /usr/bin/python3 -u "tests/soak/$2.py" "$4" >"$output" || status=$?
+    cat "$output"
+    sed -n "s/^$2: /   /p" "$output" >>"$results/$1.note"
+    record_result "$1" "$2" $status
+    return $status
+}
+
+# lane_soak SECONDS
+lane_soak() {
+    build dev --target LANProvider kv-cimom kv_netfilter
+    on_server soak soak dev "$1"
+}
+
+lane_tsan() {
+    build tsan --target LANProvider kv-cimom kv_netfilter unit_platform unit_cimom
+    GTEST_OUTPUT="xml:$PWD/$results/tsan/" GTEST_BRIEF=1 \
+        ctest --test-dir build/tsan -R '^unit_(platform|cimom)$' --output-on-failure --no-tests=error
+    on_server tsan threads tsan 20
 }
