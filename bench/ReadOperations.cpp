@@ -1,0 +1,167 @@
+#include "Operations.hpp"
+
+#include "ConsoleLogger.hpp"
+#include "InterfaceQueries.hpp"
+#include "LANProvider.hpp"
+#include "ProviderEnvironment.hpp"
+#include "replay.h"
+
+#include <OW_CIMClass.hpp>
+#include <OW_CIMInstance.hpp>
+#include <OW_CIMObjectPath.hpp>
+#include <OW_CIMValue.hpp>
+#include <OW_ResultHandlerIFC.hpp>
+
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace
+{
+
+using namespace OpenWBEM;
+
+/// Takes what an enumeration delivers and drops it.
+template <typename T>
+class Taken : public ResultHandlerIFC<T>
+{
+  protected:
+    void doHandle(const T& result) override { benchmark::DoNotOptimize(&result); }
+};
+
+/// An initialised provider and what its operations are called with.
+struct Session {
+    Session()
+    {
+        const LoggerRef logger(new cimom::ConsoleLogger(E_NONE_LEVEL));
+        environment = ProviderEnvironmentIFCRef(new cimom::ProviderEnvironment(logger, {}));
+        provider.initialize(environment);
+    }
+
+    void get(const CIMObjectPath& path)
+    {
+        const CIMInstance instance = provider.getInstance(
+            environment, ns, path, WBEMFlags::E_NOT_LOCAL_ONLY, WBEMFlags::E_INCLUDE_QUALIFIERS,
+            WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, CIMClass(CIMNULL));
+        benchmark::DoNotOptimize(&instance);
+    }
+
+    void enumerate(const char* className)
+    {
+        Taken<CIMInstance> taken;
+        provider.enumInstances(environment, ns, className, taken, WBEMFlags::E_NOT_LOCAL_ONLY,
+                               WBEMFlags::E_DEEP, WBEMFlags::E_INCLUDE_QUALIFIERS,
+                               WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, CIMClass(CIMNULL),
+                               CIMClass(CIMNULL));
+    }
+
+    void enumerateNames(const char* className)
+    {
+        Taken<CIMObjectPath> taken;
+        provider.enumInstanceNames(environment, ns, className, taken, CIMClass(CIMNULL));
+    }
+
+    const String ns = "root/cimv2";
+    ProviderEnvironmentIFCRef environment;
+    LANProvider provider;
+};
+
+CIMObjectPath pathOf(const char* className, std::initializer_list<std::pair<const char*, const char*>> keys)
+{
+    CIMObjectPath path(className, "root/cimv2");
+    for (const auto& [name, value] : keys)
+        path.setKeyValue(name, CIMValue(String(value)));
+    return path;
+}
+
+CIMObjectPath endpointPath(const char* name)
+{
+    return pathOf("ORX_LANEndpoint", {{"Name", name}});
+}
+
+std::vector<Operation> interfaceQueries()
+{
+    const auto state = [](auto query) {
+        return [query] {
+            std::uint16_t value = 0;
+            benchmark::DoNotOptimize(query("eth1", &value));
+        };
+    };
+    const auto replayedStatus = [] { replayStatus("eth1"); };
+    return {
+        {"kv_get_mtu",
+         [] {
+             std::uint32_t mtu = 0;
+             benchmark::DoNotOptimize(kv_get_mtu("eth1", &mtu));
+         },
+         [] { replayMtu("eth1"); }},
+        {"kv_get_EthernetIfSpeed",
+         [] {
+             std::uint64_t speed = 0;
+             benchmark::DoNotOptimize(kv_get_EthernetIfSpeed("eth1", &speed));
+         },
+         [] { replaySpeed("eth1"); }},
+        {"kv_get_enabledState", state(kv_get_enabledState), replayedStatus},
+        {"kv_get_operationalStatus", state(kv_get_operationalStatus), replayedStatus},
+        {"kv_get_IfType",
+         [] {
+             std::uint16_t type = 0;
+             benchmark::DoNotOptimize(kv_get_IfType(&type));
+         },
+         nullptr},
+    };
+}
+
+void addEndpoint(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
+{
+    for (const char* name : {"eth0", "eth1"})
+        operations.push_back({std::string("ORX_LANEndpoint getInstance ") + name,
+                              [session, path = endpointPath(name)] { session->get(path); },
+                              [name] { replayEndpoint(name); }});
+    operations.push_back({"ORX_LANEndpoint enumInstances",
+                          [session] { session->enumerate("ORX_LANEndpoint"); },
+                          [] {
+                              for (const char* name : {"eth0", "eth1", "eth2"})
+                                  replayEndpoint(name);
+                          }});
+    operations.push_back({"ORX_LANEndpoint enumInstanceNames",
+                          [session] { session->enumerateNames("ORX_LANEndpoint"); }, nullptr});
+}
+
+void addSetting(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
+{
+    const char* name = "ORX_LANServiceSetting";
+    const CIMObjectPath path = pathOf(name, {{"InstanceID", "Kalvor:ORX_LANServiceSetting"}});
+    operations.push_back(
+        {"ORX_LANServiceSetting getInstance", [session, path] { session->get(path); }, replaySetting});
+    operations.push_back({"ORX_LANServiceSetting enumInstances",
+                          [session, name] { session->enumerate(name); }, replaySetting});
+    operations.push_back({"ORX_LANServiceSetting enumInstanceNames",
+                          [session, name] { session->enumerateNames(name); }, replaySetting});
+}
+
+void addMarking(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
+{
+    const char* name = "ORX_ALGService";
+    const CIMObjectPath path = pathOf(name, {{"SystemCreationClassName", "SCCN"},
+                                             {"SystemName", "SN"},
+                                             {"CreationClassName", "CCN"},
+                                             {"Name", "Name"}});
+    operations.push_back({"ORX_ALGService getInstance", [session, path] { session->get(path); }, nullptr});
+    operations.push_back(
+        {"ORX_ALGService enumInstances", [session, name] { session->enumerate(name); }, nullptr});
+    operations.push_back(
+        {"ORX_ALGService enumInstanceNames", [session, name] { session->enumerateNames(name); }, nullptr});
+}
+
+} // namespace
+
+std::vector<Operation> readOperations()
+{
+    const auto session = std::make_shared<Session>();
+    std::vector<Operation> operations = interfaceQueries();
+    addEndpoint(operations, session);
+    addSetting(operations, session);
+    addMarking(operations, session);
+    return operations;
+}
