@@ -9,8 +9,9 @@ namespace
 
 enum class Pairing { shift, alternating };
 
-// Capital letters first to last and how they reach their small ones: by a constant distance, or, where
-// capital and small letters alternate, by adding one to every letter as far from the first as an even number.
+// Capital letters first to last, in ascending order, and how they reach their small ones: by a constant
+// distance, or, where capital and small letters alternate, by adding one to every letter as far from the
+// first as an even number.
 struct Capitals {
     uint32_t first;
     uint32_t last;
@@ -49,7 +50,10 @@ const uint32_t GREEK_SIGMA = 0x3C3;
 uint32_t fold(uint32_t letter)
 {
     for (const Capitals& range : CAPITALS) {
-        if (letter < range.first || letter > range.last) {
+        if (letter < range.first) {
+            break;
+        }
+        if (letter > range.last) {
             continue;
         }
         const bool isCapital = range.pairing == Pairing::shift || (letter - range.first) % 2 == 0;
