@@ -3,6 +3,8 @@
 #include "ConsoleLogger.hpp"
 #include "InterfaceQueries.hpp"
 #include "LANProvider.hpp"
+#include "ORX_LANEndpoint.hpp"
+#include "ORX_LANSetting.hpp"
 #include "ProviderEnvironment.hpp"
 #include "replay.h"
 
@@ -112,6 +114,28 @@ std::vector<Operation> interfaceQueries()
     };
 }
 
+/// The models without the CIM instances that the providers make of them.
+std::vector<Operation> models()
+{
+    return {{"ORX_LANEndpoint model eth0",
+             [] {
+                 ORX_LANEndpoint endpoint(0);
+                 unsigned short state = 0;
+                 unsigned long long speed = 0;
+                 benchmark::DoNotOptimize(endpoint.get());
+                 benchmark::DoNotOptimize(endpoint.getOperationalStatus(state));
+                 benchmark::DoNotOptimize(endpoint.getEnabledState(state));
+                 benchmark::DoNotOptimize(endpoint.getSpeed(speed));
+             },
+             [] { replayEndpoint("eth0"); }},
+            {"ORX_LANSetting model",
+             [] {
+                 ORX_LANSetting setting;
+                 benchmark::DoNotOptimize(setting.get());
+             },
+             replaySetting}};
+}
+
 void addEndpoint(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
 {
     for (const char* name : {"eth0", "eth1"})
@@ -160,6 +184,8 @@ std::vector<Operation> readOperations()
 {
     const auto session = std::make_shared<Session>();
     std::vector<Operation> operations = interfaceQueries();
+    for (Operation& model : models())
+        operations.push_back(std::move(model));
     addEndpoint(operations, session);
     addSetting(operations, session);
     addMarking(operations, session);

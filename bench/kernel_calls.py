@@ -1,0 +1,55 @@
+"""Which system calls an operation of kv_bench makes, and how many instructions it takes."""
+import os
+import pathlib
+import re
+import subprocess
+
+KV_BENCH = pathlib.Path(os.environ["KV_BUILD_DIR"], "bench/kv_bench")
+WORK = pathlib.Path("/run")
+
+# The memory of the process grows when it likes to, with and without the library.
+MEMORY = {"brk", "mmap", "munmap", "mremap", "madvise"}
+
+WITHOUT_MII = ["socket", "SIOCGMIIPHY", "SIOCDEVPRIVATE", "close"]
+WITH_MII = ["socket", "SIOCGMIIPHY", *["SIOCGMIIREG"] * 8, "close"]
+
+
+def state(speed):
+    return ["socket", "SIOCGIFFLAGS", *speed, "close"]
+
+
+# What the interface queries are to do: on the server's virtual interfaces, and with drivers that answer every request.
+DESCRIBED = {
+    "kv_get_IfType": ([], []),
+    "kv_get_mtu": (["socket", "SIOCGIFMTU", "close"],) * 2,
+    "kv_get_EthernetIfSpeed": (WITHOUT_MII, WITH_MII),
+    "kv_get_enabledState": (state(WITHOUT_MII), state(WITH_MII)),
+    "kv_get_operationalStatus": (state(WITHOUT_MII), state(WITH_MII)),
+}
+
+
+def calls(operation, kind="library", every_ioctl_succeeds=False):
+    """The system calls of one run, in order; an ioctl by its request, a file by its path."""
+    trace = WORK / "bench.strace"
+    inject = ["-e", "inject=ioctl:retval=0"] if every_ioctl_succeeds else []
+    subprocess.run(["strace", *inject, "-o", trace, KV_BENCH, "once", operation, kind], check=True, stdout=subprocess.DEVNULL)
+    _, between, _ = re.split(r"^getppid\(\).*$", trace.read_text(), flags=re.MULTILINE)
+    found = [described(line) for line in between.strip().splitlines()]
+    return [call for call in found if call not in MEMORY]
+
+
+def described(line):
+    name, arguments = re.match(r"(\w+)\((.*)", line).groups()
+    if name == "ioctl":
+        return re.match(r"\d+, (\w+)", arguments).group(1)
+    path = re.match(r'AT_FDCWD, ("[^"]*")', arguments)
+    return f"{name} {path.group(1)}" if path else name
+
+
+def instructions(operation, count=200):
+    """Of one run on average, those of the C library included."""
+    counts = WORK / "bench.callgrind"
+    subprocess.run(["valgrind", "--quiet", "--tool=callgrind", f"--callgrind-out-file={counts}", "--collect-atstart=no",
+                    "--toggle-collect=measured", KV_BENCH, "repeat", operation, str(count)],
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    return int(re.search(r"^(?:summary|totals): (\d+)", counts.read_text(), re.MULTILINE).group(1)) / count
