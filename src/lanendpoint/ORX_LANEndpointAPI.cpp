@@ -4,6 +4,7 @@
 #include "EmsIPChangePacketHandler.hpp"
 
 #include <OW_Array.hpp>
+#include <OW_Types.hpp>
 
 #include <dhcp_ip_info.h>
 #include <os_layer.h>
@@ -137,7 +138,7 @@ int ORX_LANEndpointAPI::setIsDHCPEnabled(const bool& isDhcpEnabled)
     runUnderLanSemaphore("/kv/bin/updateFile gateway " + current.gateway);
     if (isDhcpEnabled) {
         stopVoiceMail();
-        // The script does the rest in the background and starts voice messaging again.
+        // Started here in the background, the script owns the rest of the switch.
         invokeCommand("/kv/bin/dhcp_ippaddr.sh " + m_name + " &");
     }
     dhcpIpInfoInformDHCPProviderOfIPConfigChange();

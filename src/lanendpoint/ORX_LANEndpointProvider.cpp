@@ -5,8 +5,10 @@
 #include "OperationGuard.hpp"
 
 #include <OW_CIMException.hpp>
+#include <OW_CIMNULL.hpp>
 #include <OW_CIMParamValue.hpp>
 #include <OW_CIMValue.hpp>
+#include <OW_Types.hpp>
 
 namespace
 {

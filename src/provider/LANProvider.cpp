@@ -48,8 +48,6 @@ Interface* subProviderOf(const String& className)
 
 } // namespace
 
-// Each operation refuses an unknown class from a line of its own, by which a report tells them apart.
-
 LANProvider::~LANProvider() = default;
 
 void LANProvider::initialize(const ProviderEnvironmentIFCRef& env)
@@ -68,6 +66,8 @@ void LANProvider::cleanup()
     settingProvider.cleanup();
     algServiceProvider.cleanup();
 }
+
+// Each operation refuses an unknown class from a line of its own, by which a report tells them apart.
 
 void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns,
                                     const String& className, CIMObjectPathResultHandlerIFC& result,

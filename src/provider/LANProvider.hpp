@@ -3,8 +3,15 @@
 
 #include <OW_config.h>
 
+#include <OW_CIM.hpp>
+#include <OW_CIMParamValue.hpp>
 #include <OW_CppInstanceProviderIFC.hpp>
 #include <OW_CppMethodProviderIFC.hpp>
+#include <OW_CppProviderBaseIFC.hpp>
+#include <OW_ProviderEnvironmentIFC.hpp>
+#include <OW_ResultHandlerIFC.hpp>
+#include <OW_String.hpp>
+#include <OW_WBEMFlags.hpp>
 
 /// The one provider that the object manager sees. It does no CIM work of its own: the class name of a
 /// request, compared exactly and case-sensitively, selects the sub-provider that the call is forwarded to,
@@ -62,8 +69,8 @@ class LANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppI
                         const OpenWBEM::StringArray* propertyList,
                         const OpenWBEM::CIMClass& theClass) override;
 
-    /// Calls cleanup() of the three sub-providers. No code of the library calls it; it stays for code that
-    /// embeds the provider.
+    /// Calls cleanup() of the three sub-providers. That nothing calls it is intended: every provider of this
+    /// server has the operation, and it stays with them.
     void cleanup();
 };
 

@@ -91,6 +91,8 @@ int answerMii(const Interface& interface, unsigned long number, ifreq& request)
         return -1;
     }
     mii_ioctl_data mii = miiOf(request);
+    if (!isRegisterRead(number) && mii.phy_id != 0)
+        World::current()->problem("an MII request for the PHY address did not start from address 0");
     if (isRegisterRead(number))
         mii.val_out =
             mii.phy_id == interface.phy && mii.reg_num < 8 ? interface.registers[mii.reg_num] : 0xFFFF;
@@ -107,6 +109,8 @@ int answer(Interface& interface, unsigned long number, ifreq& request)
         request.ifr_flags = interface.flags;
         return 0;
     case SIOCGIFMTU:
+        if (request.ifr_mtu != 0)
+            World::current()->problem("SIOCGIFMTU with an MTU field that was not cleared");
         request.ifr_mtu = interface.mtu;
         return 0;
     case SIOCSIFMTU:

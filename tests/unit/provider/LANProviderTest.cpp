@@ -279,6 +279,37 @@ TEST_F(Roof, InitialisesLoggerThenSubProvidersThenMtus)
     EXPECT_EQ(expected, Lines(journal.end() - 19, journal.end() - 1));
 }
 
+TEST_F(Roof, HasItsLoggerBeforeTheSubProvidersBegin)
+{
+    world.failNth(1, "osGetProcessId", 3);
+    provider.initialize(fakes::environment("server"));
+    EXPECT_EQ((Lines{"server ERROR etProcessId() returns "}), world.journal(fakes::Log));
+}
+
+TEST_F(Roof, RoutesAModificationToEachOfTheThree)
+{
+    provider.initialize(env);
+    CIMInstance setting("ORX_LANServiceSetting");
+    setting.setProperty(CIMProperty("DomainName", CIMValue(String("office.example"))));
+    modify(setting, setting);
+    EXPECT_EQ((Lines{"runcommand /kv/bin/updatehosts domainname office.example"}),
+              world.journal(fakes::Command));
+
+    CIMInstance service = instancesOf("ORX_ALGService")[0];
+    service.setProperty(CIMProperty("QoSFaxMedia", CIMValue(UInt16(184))));
+    modify(service, service);
+    EXPECT_EQ(184, (world.registry[{"HTS\\DSCPMarking", "faxmediamenu"}]));
+}
+
+TEST_F(Roof, PassesTheNameSpaceOfAnEnumerationOn)
+{
+    provider.initialize(env);
+    EXPECT_STREQ(
+        "/root/cimv2:ORX_LANEndpoint.SystemCreationClassName=\"ORX_LANEndpoint\",SystemName=\"ORX_K30v\","
+        "CreationClassName=\"ORX_LANEndpoint\",Name=\"eth0\"",
+        namesOf("ORX_LANEndpoint")[0].toString().c_str());
+}
+
 TEST_F(Roof, InitialisesEvenWhereAnInterfaceIsMissing)
 {
     world.interfaces.erase("eth2");
