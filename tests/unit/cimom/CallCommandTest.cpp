@@ -57,6 +57,9 @@ TEST_F(Call, GetInstancePrintsTheInstance)
               "SystemName = SAMPLE_Host;\nCreationClassName = SAMPLE_Service;\nName = svc0;\n"
               "Level = 7;\nActive = true;\n}\n");
     EXPECT_EQ(exitCode, 0);
+    EXPECT_NE(seen("SP> getInstance")
+                  .find("localOnly=0 includeQualifiers=1 includeClassOrigin=0 propertyList=none"),
+              std::string::npos);
 }
 
 TEST_F(Call, JsonKeepsTypes)
