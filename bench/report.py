@@ -32,7 +32,9 @@ def goal(met):
     return "met" if met else "MISSED"
 
 
-def nanoseconds(value):
+def duration(value):
+    if value < 100:
+        return f"{value:.1f} ns"
     return f"{value / 1000:.2f} µs" if value < 1e6 else f"{value / 1e6:.2f} ms"
 
 
@@ -66,7 +68,7 @@ def report_reads(times):
         expected = calls(name, "replay") if replay else []
         all_same &= made == expected
         ratio = library / replay if replay else None
-        rows.append([name, nanoseconds(library), nanoseconds(replay) if replay else "-", f"{ratio:.2f}" if ratio else "-",
+        rows.append([name, duration(library), duration(replay) if replay else "-", f"{ratio:.2f}" if ratio else "-",
                      goal(ratio <= RATIO_GOAL) if ratio else "-", len(made), "same" if made == expected else "OTHER CALLS"])
     table(f"Read operations against a replay of their system calls in C (processor time, goal {RATIO_GOAL})",
           ["operation", "library", "replay", "ratio", "goal", "system calls", "as in the replay"], rows)
@@ -89,13 +91,13 @@ def report_parts(times):
     parts = [name for name in times if not name.removeprefix("library/").startswith(("kv_", "ORX_", "replay/"))]
     pure = [name.removeprefix("library/") for name in parts if "store" not in name]
     table("Work in memory", ["part", "processor time", "instructions"],
-          [[name, nanoseconds(times["library/" + name]), f"{instructions(name):.0f}"] for name in pure])
+          [[name, duration(times["library/" + name]), f"{instructions(name):.0f}"] for name in pure])
     rows, before = [], None
     for name in (each.removeprefix("library/") for each in parts if "store" in each):
         entries, time = int(name.split()[2]), times["library/" + name]
         grown = f"entries x {entries / before[0]:.0f}, time x {time / before[1]:.1f}" if before else "-"
         count = 20 if entries < 1000 else 1
-        rows.append([entries, nanoseconds(time), f"{instructions(name, count):.0f}", grown])
+        rows.append([entries, duration(time), f"{instructions(name, count):.0f}", grown])
         before = entries, time
     table("Configuration store: read, one change, commit", ["entries", "processor time", "instructions", "growth"], rows)
 
