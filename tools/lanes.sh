@@ -69,10 +69,13 @@ build() {
     cmake --preset "$preset" && cmake --build "build/$preset" -j "$jobs" "$@"
 }
 
-# run_unit_tests PRESET LANE: the programs registered with CTest; their results are counted by finish.
+# run_unit_tests PRESET LANE [OPTION...]: the programs registered with CTest, or those that the options of ctest
+# choose; their results are counted by finish.
 run_unit_tests() {
-    GTEST_OUTPUT="xml:$PWD/$results/$2/" GTEST_BRIEF=1 \
-        ctest --test-dir "build/$1" -j "$jobs" --output-on-failure --no-tests=error
+    local preset=$1 lane=$2
+    shift 2
+    GTEST_OUTPUT="xml:$PWD/$results/$lane/" GTEST_BRIEF=1 \
+        ctest --test-dir "build/$preset" -j "$jobs" --output-on-failure --no-tests=error "$@"
 }
 
 sources() {
@@ -135,4 +138,44 @@ lane_tsan() {
     GTEST_OUTPUT="xml:$PWD/$results/tsan/" GTEST_BRIEF=1 \
         ctest --test-dir build/tsan -R '^unit_(platform|cimom)$' --output-on-failure --no-tests=error
     on_server tsan threads tsan 20
+}
+
+lane_coverage() {
+    local status=0
+    ensure_packages packages-coverage.txt
+    build coverage --target product_tests
+    find build/coverage/src -name '*.gcda' -delete # what earlier runs have covered
+    run_unit_tests coverage coverage -L product
+    # Branches that only an exception takes are those of allocations and destructors all over.
+    gcovr -r . --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
+        --html-details "$results/coverage.html" --txt "$results/coverage.txt" --print-summary \
+        --fail-under-line 98 --fail-under-branch 95 build/coverage/src >"$results/coverage.summary" || status=$?
+    note "$(grep '^lines' "$results/coverage.summary")"
+    note "$(grep '^branches' "$results/coverage.summary")"
+    return $status
+}
+
+# Each target starts from its seeds and from what earlier runs have found worth keeping.
+lane_fuzz() {
+    local seconds=$1 target name failed=0 cases=
+    ensure_packages packages-fuzz.txt
+    build fuzz --target fuzz_targets
+    for target in build/fuzz/fuzz/fuzz_*; do
+        [[ -x $target && ! -d $target ]] || continue
+        name=${target##*/fuzz_}
+        mkdir -p "build/fuzz/corpus/$name"
+        if "$target" -max_total_time="$seconds" -max_len=4096 -timeout=10 -print_final_stats=1 -verbosity=0 \
+            -artifact_prefix="build/fuzz/failed-$name-" \
+            "build/fuzz/corpus/$name" "fuzz/seeds/$name" >"$logs/fuzz-$name.log" 2>&1; then
+            note "$name: $(sed -n 's/^stat::number_of_executed_units: *//p' "$logs/fuzz-$name.log") inputs in $seconds s"
+            cases+="<testcase classname=\"fuzz\" name=\"$name\"/>"
+        else
+            note "$name: FAILED, see $logs/fuzz-$name.log; the input is build/fuzz/failed-$name-*"
+            tail -n 30 "$logs/fuzz-$name.log"
+            cases+="<testcase classname=\"fuzz\" name=\"$name\"><failure/></testcase>"
+            failed=1
+        fi
+    done
+    echo "<testsuite>$cases</testsuite>" >"$results/fuzz.xml"
+    return $failed
 }

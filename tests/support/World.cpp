@@ -16,7 +16,8 @@ namespace fs = std::filesystem;
 
 namespace
 {
-World* theWorld = nullptr;
+// Each thread's own: a fuzzer's helper threads must not meet the fakes.
+thread_local World* theWorld = nullptr;
 }
 
 Interface::Interface() : flags(IFF_UP | IFF_RUNNING) {}

@@ -71,8 +71,8 @@ class World
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// The world that the fakes talk to, or null outside of a test: then they pass calls on to the real
-    /// functions.
+    /// The world that the fakes talk to in this thread, or null outside of a test: then they pass calls on to
+    /// the real functions.
     static World* current();
 
     // --- the journal

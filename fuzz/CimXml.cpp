@@ -1,0 +1,36 @@
+#include "ConsoleLogger.hpp"
+#include "ObjectManager.hpp"
+#include "ProviderEnvironment.hpp"
+#include "Targets.hpp"
+
+#include <pugixml.hpp>
+
+#include <string>
+
+namespace
+{
+
+/// Without providers: what they would be asked is refused after all of the request has been read.
+cimom::ObjectManager& objectManager()
+{
+    static const OpenWBEM::ProviderEnvironmentIFCRef environment(new cimom::ProviderEnvironment(
+        OpenWBEM::LoggerRef(new cimom::ConsoleLogger(OpenWBEM::E_NONE_LEVEL)), {}));
+    static cimom::ObjectManager manager({{KV_MOF_DIR}, {}}, environment);
+    return manager;
+}
+
+} // namespace
+
+void fuzz::cim_xml(std::string_view input)
+{
+    std::string request(input);
+    const cimom::HttpAnswer answer = objectManager().answer(request);
+    if (answer.status != 200) {
+        expect(answer.status == 400 || answer.status == 501, "a refusal is HTTP 400 or 501");
+        expect(answer.body.empty(), "a refusal has no body");
+        return;
+    }
+    pugi::xml_document document;
+    expect(bool(document.load_buffer(answer.body.data(), answer.body.size())), "an answer is well-formed");
+    expect(document.child("CIM").child("MESSAGE").child("SIMPLERSP"), "an answer is a CIM message");
+}

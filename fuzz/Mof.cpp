@@ -1,0 +1,23 @@
+#include "ClassRepository.hpp"
+#include "MofParser.hpp"
+#include "Targets.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+
+void fuzz::mof(std::string_view input)
+{
+    // Files of the machine are not for random names to open.
+    std::string lower(input);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return std::tolower(c); });
+    if (lower.find("include") != std::string::npos)
+        return;
+    try {
+        cimom::ClassRepository repository;
+        repository.add(cimom::parseMof(input, "input.mof"));
+    } catch (const cimom::MofError& e) {
+        expect(std::string(e.what()).find("input.mof") != std::string::npos, "an error names the file");
+    }
+}
