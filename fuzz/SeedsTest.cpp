@@ -56,6 +56,6 @@ INSTANTIATE_TEST_SUITE_P(All, Seeds,
                                          Target{"config_store", fuzz::config_store},
                                          Target{"address_and_domain", fuzz::address_and_domain},
                                          Target{"mof", fuzz::mof}, Target{"cim_xml", fuzz::cim_xml}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& seeds) { return std::string(seeds.param.name); });
 
 } // namespace

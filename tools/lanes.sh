@@ -144,12 +144,14 @@ lane_coverage() {
     local status=0
     ensure_packages packages-coverage.txt
     build coverage --target product_tests
-    find build/coverage/src -name '*.gcda' -delete # what earlier runs have covered
+    find build/coverage -name '*.gcda' -delete # what earlier runs have covered
     run_unit_tests coverage coverage -L product
     # Branches that only an exception takes are those of allocations and destructors all over.
-    gcovr -r . --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
-        --html-details "$results/coverage.html" --txt "$results/coverage.txt" --print-summary \
-        --fail-under-line 98 --fail-under-branch 95 build/coverage/src >"$results/coverage.summary" || status=$?
+    mkdir -p "$results/coverage-html"
+    gcovr -r . -j "$jobs" --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
+        --html-details "$results/coverage-html/index.html" --txt "$results/coverage.txt" --print-summary \
+        --fail-under-line 98 --fail-under-branch 95 build/coverage/src build/coverage/tests \
+        >"$results/coverage.summary" || status=$?
     note "$(grep '^lines' "$results/coverage.summary")"
     note "$(grep '^branches' "$results/coverage.summary")"
     return $status

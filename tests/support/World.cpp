@@ -18,7 +18,7 @@ namespace
 {
 // Each thread's own: a fuzzer's helper threads must not meet the fakes.
 thread_local World* theWorld = nullptr;
-}
+} // namespace
 
 Interface::Interface() : flags(IFF_UP | IFF_RUNNING) {}
 

@@ -289,6 +289,14 @@ TEST_F(EndpointReads, ANameThatCannotBeReadEndsTheEnumerationOfNames)
     EXPECT_EQ(Lines{}, world.journal());
 }
 
+TEST_F(EndpointReads, ANameThatCannotBeReadIsLeftOutOfAnInstance)
+{
+    overrides.results = {{"getName", 0}, {"getDescription", 0}};
+    const CIMInstance instance = getInstance("eth1");
+    EXPECT_EQ("", shown(instance, "Name"));
+    EXPECT_EQ("string:CreationClassName=ORX_LANEndpoint", shown(instance, "CreationClassName"));
+}
+
 TEST_F(EndpointReads, InitializingAsksForTheProcessIdAndBeginsAnew)
 {
     onResult = [] { throw OpenWBEM::CIMException("Handler.cpp", 1, OpenWBEM::CIMException::FAILED); };

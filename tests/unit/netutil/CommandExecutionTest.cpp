@@ -52,6 +52,12 @@ TEST_F(Commands, InvokedLinesAreJoinedWithoutTheFinalLineBreak)
     EXPECT_EQ("a\nb", invoked());
 }
 
+TEST_F(Commands, AnInvokedLineMayBeEmptyOrLackItsLineBreak)
+{
+    prepare(0, {"a", "", "\n", "b"}, {});
+    EXPECT_EQ("a\n\n\nb", invoked());
+}
+
 TEST_F(Commands, StandardErrorComesBeforeStandardOutput)
 {
     prepare(0, {"a\n", "b\n"}, {"e\n", "f\n"});
