@@ -135,8 +135,7 @@ lane_soak() {
 
 lane_tsan() {
     build tsan --target LANProvider kv-cimom kv_netfilter unit_platform unit_cimom
-    GTEST_OUTPUT="xml:$PWD/$results/tsan/" GTEST_BRIEF=1 \
-        ctest --test-dir build/tsan -R '^unit_(platform|cimom)$' --output-on-failure --no-tests=error
+    run_unit_tests tsan tsan -R '^unit_(platform|cimom)$'
     on_server tsan threads tsan 20
 }
 
@@ -157,27 +156,30 @@ lane_coverage() {
     return $status
 }
 
-# Each target starts from its seeds and from what earlier runs have found worth keeping.
+# fuzz_target NAME SECONDS: starts from the target's seeds and from what earlier runs have found worth keeping.
+fuzz_target() {
+    mkdir -p "build/fuzz/corpus/$1"
+    "build/fuzz/fuzz/fuzz_$1" -max_total_time="$2" -max_len=4096 -timeout=10 -print_final_stats=1 -verbosity=0 \
+        -artifact_prefix="build/fuzz/failed-$1-" "build/fuzz/corpus/$1" "fuzz/seeds/$1" >"$logs/fuzz-$1.log" 2>&1
+}
+
+# lane_fuzz SECONDS: each target for that long; the targets are named as the folders of their seeds.
 lane_fuzz() {
-    local seconds=$1 target name failed=0 cases=
+    local name status failed=0
     ensure_packages packages-fuzz.txt
     build fuzz --target fuzz_targets
-    for target in build/fuzz/fuzz/fuzz_*; do
-        [[ -x $target && ! -d $target ]] || continue
-        name=${target##*/fuzz_}
-        mkdir -p "build/fuzz/corpus/$name"
-        if "$target" -max_total_time="$seconds" -max_len=4096 -timeout=10 -print_final_stats=1 -verbosity=0 \
-            -artifact_prefix="build/fuzz/failed-$name-" \
-            "build/fuzz/corpus/$name" "fuzz/seeds/$name" >"$logs/fuzz-$name.log" 2>&1; then
-            note "$name: $(sed -n 's/^stat::number_of_executed_units: *//p' "$logs/fuzz-$name.log") inputs in $seconds s"
-            cases+="<testcase classname=\"fuzz\" name=\"$name\"/>"
+    for name in fuzz/seeds/*; do
+        name=${name##*/}
+        status=0
+        fuzz_target "$name" "$1" || status=$?
+        record_result fuzz "$name" $status
+        if ((status == 0)); then
+            note "$name: $(sed -n 's/^stat::number_of_executed_units: *//p' "$logs/fuzz-$name.log") inputs in $1 s"
         else
             note "$name: FAILED, see $logs/fuzz-$name.log; the input is build/fuzz/failed-$name-*"
             tail -n 30 "$logs/fuzz-$name.log"
-            cases+="<testcase classname=\"fuzz\" name=\"$name\"><failure/></testcase>"
             failed=1
         fi
     done
-    echo "<testsuite>$cases</testsuite>" >"$results/fuzz.xml"
     return $failed
 }
