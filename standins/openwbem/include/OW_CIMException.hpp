@@ -39,11 +39,11 @@ class CIMException : public Exception
                  const Exception* otherException = 0);
     CIMException(const CIMException&);
     CIMException& operator=(const CIMException&);
-    virtual ~CIMException() throw();
+    virtual ~CIMException() noexcept;
 
     virtual const char* type() const;
     virtual const char* getMessage() const;
-    virtual CIMException* clone() const throw();
+    virtual CIMException* clone() const noexcept;
     ErrNoType getErrNo() const;
     void setErrNo(ErrNoType e); // does not touch a message that is already built
     void swap(CIMException& other);

@@ -14,16 +14,16 @@ namespace OpenWBEM
 class Exception : public std::exception
 {
   public:
-    virtual ~Exception() throw();
+    virtual ~Exception() noexcept;
 
     virtual const char* type() const;       // the class name
     virtual const char* getMessage() const; // never 0; "" when there is none
     const char* getFile() const;            // never 0; "" when there is none
     int getLine() const;
-    int getErrorCode() const;                 // -1 when unknown
-    int getSubClassId() const;                // -1 when unknown
-    const Exception* getSubException() const; // the cause; 0 when there is none
-    virtual const char* what() const throw(); // getMessage(), through the virtual
+    int getErrorCode() const;                  // -1 when unknown
+    int getSubClassId() const;                 // -1 when unknown
+    const Exception* getSubException() const;  // the cause; 0 when there is none
+    virtual const char* what() const noexcept; // getMessage(), through the virtual
     virtual Exception* clone() const;
 
   protected:
@@ -59,7 +59,7 @@ std::ostream& operator<<(std::ostream&, const Exception&);
       public:                                                                                                \
         NAME##Exception(const char* file, int line, const char* msg, int errorCode = -1,                     \
                         const ::OpenWBEM::Exception* otherException = 0, int subClassId = -1);               \
-        virtual ~NAME##Exception() throw();                                                                  \
+        virtual ~NAME##Exception() noexcept;                                                                 \
         virtual NAME##Exception* clone() const;                                                              \
         virtual const char* type() const;                                                                    \
     };
@@ -70,7 +70,7 @@ std::ostream& operator<<(std::ostream&, const Exception&);
         : ::OpenWBEM::Exception(file, line, msg, errorCode, otherException, subClassId)                      \
     {                                                                                                        \
     }                                                                                                        \
-    NAME##Exception::~NAME##Exception() throw() {}                                                           \
+    NAME##Exception::~NAME##Exception() noexcept {}                                                          \
     NAME##Exception* NAME##Exception::clone() const                                                          \
     {                                                                                                        \
         return new NAME##Exception(*this);                                                                   \

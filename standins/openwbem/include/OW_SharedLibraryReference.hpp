@@ -23,6 +23,7 @@ class SharedLibraryReference
     {
     }
     SharedLibraryReference(SharedLibraryReference const&) = default;
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the count lives in the library
     SharedLibraryReference& operator=(SharedLibraryReference const& other)
     {
         // Member by member would drop the old library while its object still lives.
@@ -36,6 +37,7 @@ class SharedLibraryReference
     typename T::element_type& operator*() const { return *m_object; }
     SharedLibraryRef getLibRef() const { return m_library; }
     void setNull() { SharedLibraryReference().swap(*this); }
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     void swap(SharedLibraryReference& other)
     {
         m_library.swap(other.m_library);

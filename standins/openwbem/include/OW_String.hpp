@@ -84,7 +84,7 @@ class String
     size_t lastIndexOf(char ch, size_t fromIndex = npos) const;
     size_t lastIndexOf(const char* arg, size_t fromIndex = npos) const;
     size_t lastIndexOf(const String& arg, size_t fromIndex = npos) const;
-    String substring(size_t beginIndex, size_t length = npos) const; // clips
+    String substring(size_t beginIndex, size_t count = npos) const; // clips
 
     String& concat(const char* arg);
     String& concat(const String& arg);

@@ -109,7 +109,7 @@ bool CIMDataType::equals(const CIMDataType& arg) const
     }
     const Data& mine = m_data.read();
     const Data& others = arg.m_data.read();
-    return mine.type == others.type && mine.isArray == others.isArray && mine.size == others.size &&
+    return mine.type == others.type && mine.isArray == others.isArray &&
            mine.refClassName == others.refClassName;
 }
 

@@ -61,7 +61,7 @@ CIMDateTime::CIMDateTime(const String& text) : m_data(new Data)
     if (data.isInterval) {
         data.days = number(text, 0, 8);
     } else {
-        const Int16 offset = static_cast<Int16>(number(text, SIGN_INDEX + 1, LONGEST_TEXT - SIGN_INDEX - 1));
+        const auto offset = static_cast<Int16>(number(text, SIGN_INDEX + 1, LONGEST_TEXT - SIGN_INDEX - 1));
         data.utc = static_cast<Int16>(sign == '-' ? -offset : offset);
         data.year = static_cast<UInt16>(number(text, 0, 4));
         data.month = static_cast<UInt8>(number(text, 4, 2));

@@ -1,5 +1,6 @@
 #include "OW_CIMException.hpp"
 #include <iterator>
+#include <new>
 #include <utility>
 
 namespace OpenWBEM
@@ -59,7 +60,7 @@ CIMException::CIMException(const CIMException&) = default;
 
 CIMException& CIMException::operator=(const CIMException&) = default;
 
-CIMException::~CIMException() throw() {}
+CIMException::~CIMException() noexcept = default;
 
 const char* CIMException::type() const
 {
@@ -75,9 +76,9 @@ const char* CIMException::getMessage() const
     return m_message->c_str();
 }
 
-CIMException* CIMException::clone() const throw()
+CIMException* CIMException::clone() const noexcept
 {
-    return new CIMException(*this);
+    return new (std::nothrow) CIMException(*this);
 }
 
 CIMException::ErrNoType CIMException::getErrNo() const

@@ -104,7 +104,7 @@ CIMProperty CIMInstance::getProperty(const CIMName& name, const CIMName& originC
 
 CIMProperty CIMInstance::getPropertyT(const CIMName& name) const
 {
-    const CIMProperty property = getProperty(name);
+    CIMProperty property = getProperty(name);
     if (!property) {
         OW_THROW(NoSuchPropertyException, name.toString().c_str());
     }

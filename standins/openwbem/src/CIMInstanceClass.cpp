@@ -51,7 +51,7 @@ CIMInstance CIMInstance::clone(ELocalOnlyFlag localOnly, EIncludeQualifiersFlag 
                                const StringArray* propertyList) const
 {
     CIMInstance result = filterProperties(propertyList ? *propertyList : StringArray(), includeQualifiers,
-                                          includeClassOrigin, propertyList == 0);
+                                          includeClassOrigin, propertyList == nullptr);
     if (localOnly == E_LOCAL_ONLY) {
         CIMPropertyArray local;
         for (const CIMProperty& property : result.m_data.read().properties) {
@@ -117,15 +117,10 @@ CIMInstance CIMInstance::createModifiedInstance(const CIMInstance& previousInsta
                                                 const CIMClass& theClass) const
 {
     CIMInstance result(previousInstance);
-    for (CIMProperty property : m_data.read().properties) {
-        if (propertyList && !isListed(*propertyList, property.getName())) {
-            continue;
+    for (const CIMProperty& property : m_data.read().properties) {
+        if (!propertyList || isListed(*propertyList, property.getName())) {
+            result.setProperty(property);
         }
-        const CIMProperty before = previousInstance.getProperty(property.getName());
-        if (before && includeQualifiers == E_EXCLUDE_QUALIFIERS) {
-            property.setQualifiers(before.getQualifiers());
-        }
-        result.setProperty(property);
     }
     if (includeQualifiers == E_INCLUDE_QUALIFIERS) {
         result.setQualifiers(getQualifiers());

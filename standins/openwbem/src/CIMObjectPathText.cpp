@@ -24,7 +24,7 @@ bool isLocal(const String& host)
 String takeUntil(char separator, String& rest)
 {
     const size_t position = rest.indexOf(separator);
-    const String taken = rest.substring(0, position);
+    String taken = rest.substring(0, position);
     rest = position == String::npos ? String("") : rest.substring(position + 1);
     return taken;
 }

@@ -133,7 +133,7 @@ CIMQualifier CIMProperty::getQualifier(const CIMName& name) const
 
 CIMQualifier CIMProperty::getQualifierT(const CIMName& name) const
 {
-    const CIMQualifier qualifier = getQualifier(name);
+    CIMQualifier qualifier = getQualifier(name);
     if (!qualifier) {
         OW_THROW(NoSuchQualifierException, name.toString().c_str());
     }

@@ -13,7 +13,7 @@ namespace
 template <class T>
 [[noreturn]] void throwNotA()
 {
-    typedef CIMTypeOf<typename IsArray<T>::Element> Names;
+    using Names = CIMTypeOf<typename IsArray<T>::Element>;
     const String message = String("CIMValue::CIMValueImpl::get - Value is not a ") +
                            (IsArray<T>::value ? Names::arrayName : Names::name);
     OW_THROW(ValueCastException, message.c_str());
@@ -85,6 +85,8 @@ void CIMValue::setNull()
     m_data.setNull();
 }
 
+// The arguments are types, which take no parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define CIM_VALUE_MEMBERS(TYPE, ARGUMENT)                                                                    \
     CIMValue::CIMValue(ARGUMENT arg) : m_data(new Data(TYPE(arg))) {}                                        \
     CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(new Data(arg)) {}                                    \
@@ -107,6 +109,7 @@ void CIMValue::setNull()
     {                                                                                                        \
         return held<TYPE>(m_data.read().content);                                                            \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 CIM_VALUE_TYPE(Bool, Bool)
 CIM_VALUE_TYPE(UInt8, UInt8)

@@ -66,16 +66,16 @@ CIM_TYPE_OF(CIMInstance, EMBEDDEDINSTANCE, "EMBEDDEDINSTANCE")
 
 template <class T>
 struct IsArray : std::false_type {
-    typedef T Element;
+    using Element = T;
 };
 template <class T>
 struct IsArray<Array<T>> : std::true_type {
-    typedef T Element;
+    using Element = T;
 };
 
 template <class T>
 struct TypeTag {
-    typedef T type;
+    using type = T;
 };
 
 // Calls function with the tag of each C++ type whose CIM type is the given one, which is one or none.
@@ -83,7 +83,7 @@ template <class Function, class... Types>
 void withCppType(CIMDataType::Type type, Function function, TypeTag<std::variant<Types...>>)
 {
     const auto offer = [type, &function](auto tag) {
-        typedef typename decltype(tag)::type T;
+        using T = typename decltype(tag)::type;
         if constexpr (!IsArray<T>::value) {
             if (CIMTypeOf<T>::type == type) {
                 function(tag);

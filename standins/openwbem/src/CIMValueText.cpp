@@ -54,7 +54,7 @@ String contentToString(const CIMContent& content)
 {
     return std::visit(
         [](const auto& held) -> String {
-            typedef std::decay_t<decltype(held)> T;
+            using T = std::decay_t<decltype(held)>;
             if constexpr (IsArray<T>::value) {
                 return joined(held, scalarToString<typename IsArray<T>::Element>);
             } else {
@@ -68,7 +68,7 @@ String contentToMOF(const CIMContent& content)
 {
     return std::visit(
         [](const auto& held) -> String {
-            typedef std::decay_t<decltype(held)> T;
+            using T = std::decay_t<decltype(held)>;
             if constexpr (IsArray<T>::value) {
                 return "{" + joined(held, scalarToMOF<typename IsArray<T>::Element>) + "}";
             } else {

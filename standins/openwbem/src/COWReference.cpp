@@ -17,7 +17,7 @@ void throwNullReference()
     OW_THROW(NULLCOWIntrusiveReferenceException, "NULL COWReference dereferenced");
 }
 
-COWCountable::~COWCountable() {}
+COWCountable::~COWCountable() = default;
 
 COWHandle::COWHandle(COWCountable* data) noexcept : m_data(data)
 {

@@ -87,21 +87,21 @@ const uint32_t FIRST_BYTE_NUMBER = 0x110000;
 // The number of the character at text, which is moved behind it.
 uint32_t nextCharacter(const char*& text)
 {
-    const uint8_t first = static_cast<uint8_t>(*text++);
+    const auto first = static_cast<uint8_t>(*text++);
     const int count = continuationBytes(first);
     if (count == 0) {
         return first;
     }
+    if (count < 0) {
+        return FIRST_BYTE_NUMBER + first;
+    }
     uint32_t character = first & (0x3FU >> count);
     for (int i = 0; i < count; ++i) {
-        const uint8_t next = static_cast<uint8_t>(text[i]);
+        const auto next = static_cast<uint8_t>(text[i]);
         if ((next & 0xC0U) != 0x80) {
             return FIRST_BYTE_NUMBER + first;
         }
         character = (character << 6U) | (next & 0x3FU);
-    }
-    if (count < 0) {
-        return FIRST_BYTE_NUMBER + first;
     }
     text += count;
     return character;

@@ -10,24 +10,21 @@ namespace OpenWBEM
 {
 
 struct Exception::Texts {
+    Texts(const char* givenFile, const char* givenMessage, const Exception* cause)
+        : file(givenFile ? givenFile : ""), message(givenMessage ? givenMessage : ""),
+          subException(cause ? cause->clone() : nullptr)
+    {
+    }
+
     std::string file;
     std::string message;
-    std::shared_ptr<const Exception> subException;
+    std::unique_ptr<const Exception> subException;
 };
-
-namespace
-{
-std::string textOf(const char* text)
-{
-    return text ? text : "";
-}
-} // namespace
 
 Exception::Exception(const char* file, int line, const char* msg, int errorCode,
                      const Exception* otherException, int subClassId)
-    : m_texts(new Texts{textOf(file), textOf(msg),
-                        std::shared_ptr<const Exception>(otherException ? otherException->clone() : 0)}),
-      m_line(line), m_errorCode(errorCode), m_subClassId(subClassId)
+    : m_texts(std::make_shared<const Texts>(file, msg, otherException)), m_line(line), m_errorCode(errorCode),
+      m_subClassId(subClassId)
 {
 }
 
@@ -35,7 +32,7 @@ Exception::Exception(const Exception&) = default;
 
 Exception& Exception::operator=(const Exception&) = default;
 
-Exception::~Exception() throw() {}
+Exception::~Exception() noexcept = default;
 
 void Exception::swap(Exception& other)
 {
@@ -85,7 +82,7 @@ const Exception* Exception::getSubException() const
     return m_texts->subException.get();
 }
 
-const char* Exception::what() const throw()
+const char* Exception::what() const noexcept
 {
     return getMessage();
 }

@@ -41,7 +41,7 @@ Logger::Logger(const Logger&) = default;
 
 Logger& Logger::operator=(const Logger&) = default;
 
-Logger::~Logger() {}
+Logger::~Logger() = default;
 
 void Logger::process(ELogLevel level, const String& category, const String& message, const char* filename,
                      int fileline, const char* methodname) const

@@ -14,7 +14,7 @@ String quotedMOF(const String& text)
     String quoted("\"");
     for (size_t i = 0; i < text.length(); ++i) {
         const char c = text.charAt(i);
-        const char* const special = c ? strchr(SPECIAL, c) : 0;
+        const char* const special = c ? strchr(SPECIAL, c) : nullptr;
         if (special) {
             quoted += '\\';
             quoted += LETTERS[special - SPECIAL];

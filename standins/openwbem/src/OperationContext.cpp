@@ -18,11 +18,11 @@ struct StringData : OperationContext::Data {
 
 } // namespace
 
-OperationContext::Data::~Data() {}
+OperationContext::Data::~Data() = default;
 
-OperationContext::OperationContext() {}
+OperationContext::OperationContext() = default;
 
-OperationContext::~OperationContext() {}
+OperationContext::~OperationContext() = default;
 
 void OperationContext::setData(const String& key, const DataRef& data)
 {

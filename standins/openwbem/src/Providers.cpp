@@ -23,7 +23,7 @@ IntrusiveCountableBase& IntrusiveCountableBase::operator=(const IntrusiveCountab
     return *this; // the references to this object stay as many as they are
 }
 
-IntrusiveCountableBase::~IntrusiveCountableBase() {}
+IntrusiveCountableBase::~IntrusiveCountableBase() = default;
 
 void IntrusiveReferenceAddRef(IntrusiveCountableBase* p)
 {
@@ -37,55 +37,55 @@ void IntrusiveReferenceRelease(IntrusiveCountableBase* p)
     }
 }
 
-SharedLibrary::~SharedLibrary() {}
+SharedLibrary::~SharedLibrary() = default;
 
-CIMOMHandleIFC::~CIMOMHandleIFC() {}
+CIMOMHandleIFC::~CIMOMHandleIFC() = default;
 
-RepositoryIFC::~RepositoryIFC() {}
+RepositoryIFC::~RepositoryIFC() = default;
 
-ProviderEnvironmentIFC::~ProviderEnvironmentIFC() {}
+ProviderEnvironmentIFC::~ProviderEnvironmentIFC() = default;
 
 CppProviderBaseIFC::CppProviderBaseIFC() : m_persist(false) {}
 
 CppProviderBaseIFC::CppProviderBaseIFC(const CppProviderBaseIFC&) = default;
 
-CppProviderBaseIFC::~CppProviderBaseIFC() {}
+CppProviderBaseIFC::~CppProviderBaseIFC() = default;
 
 void CppProviderBaseIFC::initialize(const ProviderEnvironmentIFCRef&) {}
 
 CppInstanceProviderIFC* CppProviderBaseIFC::getInstanceProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppSecondaryInstanceProviderIFC* CppProviderBaseIFC::getSecondaryInstanceProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppMethodProviderIFC* CppProviderBaseIFC::getMethodProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppAssociatorProviderIFC* CppProviderBaseIFC::getAssociatorProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppIndicationExportProviderIFC* CppProviderBaseIFC::getIndicationExportProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppPolledProviderIFC* CppProviderBaseIFC::getPolledProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 CppIndicationProviderIFC* CppProviderBaseIFC::getIndicationProvider()
 {
-    return 0;
+    return nullptr;
 }
 
 bool CppProviderBaseIFC::canUnload()
@@ -113,7 +113,7 @@ void CppProviderBaseIFC::setPersist(bool persist)
     m_persist = persist;
 }
 
-CppInstanceProviderIFC::~CppInstanceProviderIFC() {}
+CppInstanceProviderIFC::~CppInstanceProviderIFC() = default;
 
 void CppInstanceProviderIFC::getInstanceProviderInfo(InstanceProviderInfo&) {}
 
@@ -124,7 +124,7 @@ namespace
 class InstanceFetcher : public CIMObjectPathResultHandlerIFC
 {
   public:
-    typedef std::function<CIMInstance(const CIMObjectPath&)> Fetch;
+    using Fetch = std::function<CIMInstance(const CIMObjectPath&)>;
 
     InstanceFetcher(const Fetch& fetch, CIMInstanceResultHandlerIFC& result)
         : m_fetch(fetch), m_result(result)
@@ -162,7 +162,7 @@ CppInstanceProviderIFC* CppInstanceProviderIFC::getInstanceProvider()
     return this;
 }
 
-CppMethodProviderIFC::~CppMethodProviderIFC() {}
+CppMethodProviderIFC::~CppMethodProviderIFC() = default;
 
 void CppMethodProviderIFC::getMethodProviderInfo(MethodProviderInfo&) {}
 
@@ -173,7 +173,7 @@ CppMethodProviderIFC* CppMethodProviderIFC::getMethodProvider()
 
 CIMObjectPathArrayBuilder::CIMObjectPathArrayBuilder(CIMObjectPathArray& array) : m_array(array) {}
 
-CIMObjectPathArrayBuilder::~CIMObjectPathArrayBuilder() {}
+CIMObjectPathArrayBuilder::~CIMObjectPathArrayBuilder() = default;
 
 void CIMObjectPathArrayBuilder::doHandle(const CIMObjectPath& path)
 {
@@ -182,7 +182,7 @@ void CIMObjectPathArrayBuilder::doHandle(const CIMObjectPath& path)
 
 CIMInstanceArrayBuilder::CIMInstanceArrayBuilder(CIMInstanceArray& array) : m_array(array) {}
 
-CIMInstanceArrayBuilder::~CIMInstanceArrayBuilder() {}
+CIMInstanceArrayBuilder::~CIMInstanceArrayBuilder() = default;
 
 void CIMInstanceArrayBuilder::doHandle(const CIMInstance& instance)
 {

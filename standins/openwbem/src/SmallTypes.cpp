@@ -87,21 +87,22 @@ int compareNames(const CIMName& lhs, const CIMName& rhs)
     return lhs.m_name.compareToIgnoreCase(rhs.m_name);
 }
 
-CIMBase::~CIMBase() {}
+CIMBase::~CIMBase() = default;
 
 std::ostream& operator<<(std::ostream& ostr, const CIMBase& cb)
 {
     return ostr << cb.toString();
 }
 
-CIMElement::~CIMElement() {}
+CIMElement::~CIMElement() = default;
 
 String CIMElement::toString() const
 {
     return getName();
 }
 
-int CIMElement::compare(const CIMElement& arg)
+// Not const, like the comparisons that use it: that is the interface.
+int CIMElement::compare(const CIMElement& arg) // NOLINT(readability-make-member-function-const)
 {
     return compareNames(getName(), arg.getName());
 }

@@ -44,7 +44,7 @@ std::string concatenated(const Char16Array& characters)
 } // namespace
 
 String::String() : m_null(true) {}
-String::String(const char* str) : m_text(str ? str : ""), m_null(str == 0) {}
+String::String(const char* str) : m_text(str ? str : ""), m_null(str == nullptr) {}
 String::String(Int32 val) : m_text(std::to_string(val)), m_null(false) {}
 String::String(UInt32 val) : m_text(std::to_string(val)), m_null(false) {}
 String::String(Int64 val) : m_text(std::to_string(val)), m_null(false) {}
@@ -55,7 +55,7 @@ String::String(unsigned long val) : m_text(std::to_string(val)), m_null(false) {
 #endif
 String::String(Real64 val) : m_text(decimal(val)), m_null(false) {}
 String::String(char c) : m_text(c ? 1 : 0, c), m_null(c == '\0') {}
-String::String(const char* str, size_t len) : m_null(str == 0)
+String::String(const char* str, size_t len) : m_null(str == nullptr)
 {
     if (str) {
         m_text.assign(str, len);
@@ -122,7 +122,7 @@ int String::format(const char* fmt, ...)
     va_start(args, fmt);
     va_list again;
     va_copy(again, args);
-    const int needed = vsnprintf(0, 0, fmt, args);
+    const int needed = vsnprintf(nullptr, 0, fmt, args);
     va_end(args);
     std::vector<char> buffer(needed < 0 ? 1 : static_cast<size_t>(needed) + 1);
     if (needed >= 0) {

@@ -41,7 +41,7 @@ unsigned long long parse(const char* text, char** end, int base, unsigned long l
 template <class Number, class Parsed>
 Number integer(const String& text, bool isNull, int base, const char* type)
 {
-    char* end = 0;
+    char* end = nullptr;
     errno = 0;
     const auto parsed = parse(text.c_str(), &end, base, Parsed());
     const bool fits = errno == 0 && parsed >= std::numeric_limits<Number>::min() &&
@@ -54,7 +54,7 @@ Number integer(const String& text, bool isNull, int base, const char* type)
 
 Real64 real(const String& text, bool isNull, const char* type)
 {
-    char* end = 0;
+    char* end = nullptr;
     errno = 0;
     const Real64 parsed = strtod(text.c_str(), &end);
     if (isNull || *end || errno != 0) {

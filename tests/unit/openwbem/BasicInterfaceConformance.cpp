@@ -38,15 +38,19 @@ constexpr bool converts = std::is_convertible<From, To>::value;
 
 static_assert(sizeof(UInt8) == 1 && sizeof(UInt16) == 2 && sizeof(UInt32) == 4 && sizeof(UInt64) == 8,
               "sizes");
-static_assert(std::is_same<UInt8, unsigned char>::value && std::is_same<Int8, signed char>::value, "bytes");
-static_assert(std::is_same<UInt16, unsigned short>::value && std::is_same<Int16, short>::value, "shorts");
-static_assert(std::is_same<UInt32, unsigned int>::value && std::is_same<Int32, int>::value, "ints");
-static_assert(std::is_same<Real32, float>::value && std::is_same<Real64, double>::value, "reals");
-static_assert(sizeof(long) != 8 ||
-                  (std::is_same<UInt64, unsigned long>::value && std::is_same<Int64, long>::value),
+template <class Type, class Expected>
+constexpr bool same = std::is_same<Type, Expected>::value;
+static_assert(same<UInt8, unsigned char>, "UInt8");
+static_assert(same<Int8, signed char>, "Int8");
+static_assert(same<UInt16, unsigned short>, "UInt16");
+static_assert(same<Int16, short>, "Int16");
+static_assert(same<UInt32, unsigned int>, "UInt32");
+static_assert(same<Int32, int>, "Int32");
+static_assert(same<Real32, float>, "Real32");
+static_assert(same<Real64, double>, "Real64");
+static_assert(same<UInt64, std::conditional<sizeof(long) == 8, unsigned long, unsigned long long>::type>,
               "64 bits are a long where long has them");
-static_assert(sizeof(long) == 8 || std::is_same<UInt64, unsigned long long>::value,
-              "and a long long elsewhere");
+static_assert(same<Int64, std::conditional<sizeof(long) == 8, long, long long>::type>, "likewise");
 
 static_assert(converts<const char*, String>, "only a C string becomes a String silently");
 static_assert(made<String, Int32> && made<String, UInt32> && made<String, Int64> && made<String, UInt64>,
@@ -101,11 +105,10 @@ static_assert(std::is_same<LoggerRef, IntrusiveReference<Logger>>::value, "by re
 static_assert(converts<Logger*, LoggerRef> && !converts<LoggerRef, Logger*>, "made of a pointer");
 static_assert(!std::is_copy_constructible<OperationContext>::value, "a context is not copied");
 
-typedef StringArray Items;
-static_assert(std::is_same<StringArray, Array<String>>::value &&
-                  std::is_same<UInt16Array, Array<UInt16>>::value &&
-                  std::is_same<BoolArray, Array<Bool>>::value,
-              "arrays by name");
+using Items = StringArray;
+static_assert(same<StringArray, Array<String>>, "StringArray");
+static_assert(same<UInt16Array, Array<UInt16>>, "UInt16Array");
+static_assert(same<BoolArray, Array<Bool>>, "BoolArray");
 static_assert(made<Items, size_t> && !converts<size_t, Items> && made<Items, size_t, String> &&
                   made<Items, int, String> && made<Items, long, String> &&
                   made<Items, std::vector<String>*> && !converts<std::vector<String>*, Items>,

@@ -104,9 +104,19 @@ TEST(CIMDateTime, ordersByCalendarTime)
     EXPECT_TRUE(noon >= CIMDateTime("20031015120000.000000+000"));
 }
 
+TEST(CIMDateTime, minusItsOffsetIsItsCalendarTime)
+{
+    const CIMDateTime noon("20041015120000.000000+000");
+    EXPECT_TRUE(CIMDateTime("20041015123000.000000+060") < noon);
+    EXPECT_TRUE(CIMDateTime("20041015113000.000000-060") > noon);
+}
+
 TEST(CIMDateTime, hasNoOrderWithoutCalendarTime)
 {
     const CIMDateTime noon("20041015120000.000000+000");
+    CIMDateTime interval(noon);
+    interval.setInterval(true);
+    EXPECT_THROW(static_cast<void>(noon < interval), DateTimeException);
     EXPECT_THROW(static_cast<void>(noon < CIMDateTime()), DateTimeException);
     EXPECT_THROW(static_cast<void>(CIMDateTime("00000000000000.000000-000") < noon), DateTimeException);
 }

@@ -21,7 +21,7 @@ std::string shown(const CIMPropertyArray& properties)
     return text;
 }
 
-StringArray list(const char* first, const char* second = 0)
+StringArray list(const char* first, const char* second = nullptr)
 {
     StringArray names(1, String(first));
     if (second) {
@@ -65,9 +65,9 @@ TEST(InstanceSelection, keepsAllPropertiesWithoutAList)
     const CIMInstance all = threeProperties();
     const StringArray none;
     const StringArray one = list("level");
-    EXPECT_EQ(
-        3U,
-        all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, 0).getProperties().size());
+    EXPECT_EQ(3U, all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, nullptr)
+                      .getProperties()
+                      .size());
     EXPECT_EQ("", shown(all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, &none)
                             .getProperties()));
     EXPECT_EQ(
@@ -76,13 +76,23 @@ TEST(InstanceSelection, keepsAllPropertiesWithoutAList)
             all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, &one).getProperties()));
 }
 
+TEST(InstanceSelection, leavesInheritedPropertiesOutOnDemand)
+{
+    EXPECT_EQ("[string:Name=port0][uint16:Level=1]",
+              shown(threeProperties()
+                        .clone(E_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, nullptr)
+                        .getProperties()));
+}
+
 TEST(InstanceSelection, keepsQualifiersAndOriginsOnDemand)
 {
     const CIMInstance all = threeProperties();
-    const CIMInstance full = all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, 0);
+    const CIMInstance full =
+        all.clone(E_NOT_LOCAL_ONLY, E_INCLUDE_QUALIFIERS, E_INCLUDE_CLASS_ORIGIN, nullptr);
     EXPECT_TRUE(full.getProperty("Name").getQualifier("Key"));
     EXPECT_EQ("SAMPLE_Base", full.getProperty("Name").getOriginClass());
-    const CIMInstance bare = all.clone(E_NOT_LOCAL_ONLY, E_EXCLUDE_QUALIFIERS, E_EXCLUDE_CLASS_ORIGIN, 0);
+    const CIMInstance bare =
+        all.clone(E_NOT_LOCAL_ONLY, E_EXCLUDE_QUALIFIERS, E_EXCLUDE_CLASS_ORIGIN, nullptr);
     EXPECT_FALSE(bare.getProperty("Name").getQualifier("Key"));
     EXPECT_EQ("", bare.getProperty("Name").getOriginClass());
 }
@@ -176,10 +186,25 @@ TEST(ModifiedInstance, isThePreviousOneWithTheListedProperties)
     EXPECT_EQ("[string:Name=port0][uint16:Level=7][string:Color=green]",
               shown(change.createModifiedInstance(previous, E_EXCLUDE_QUALIFIERS, &levelOnly, sampleClass())
                         .getProperties()));
-    EXPECT_EQ(
-        "[string:Name=port0][uint16:Level=7][string:Color=red]",
-        shown(
-            change.createModifiedInstance(previous, E_EXCLUDE_QUALIFIERS, 0, sampleClass()).getProperties()));
+    EXPECT_EQ("[string:Name=port0][uint16:Level=7][string:Color=red]",
+              shown(change.createModifiedInstance(previous, E_EXCLUDE_QUALIFIERS, nullptr, sampleClass())
+                        .getProperties()));
+}
+
+TEST(ModifiedInstance, takesItsOwnQualifiersOnDemand)
+{
+    CIMQualifier own("Own");
+    own.setValue(CIMValue("x"));
+    const CIMInstance previous = sampleClass().newInstance();
+    CIMInstance change("SAMPLE_Port");
+    change.setQualifier(own);
+    const CIMInstance kept =
+        change.createModifiedInstance(previous, E_EXCLUDE_QUALIFIERS, nullptr, sampleClass());
+    EXPECT_FALSE(kept.getQualifier("Own"));
+    EXPECT_TRUE(kept.getQualifier("Provider"));
+    const CIMInstance taken =
+        change.createModifiedInstance(previous, E_INCLUDE_QUALIFIERS, nullptr, sampleClass());
+    EXPECT_TRUE(taken.getQualifier("Own"));
 }
 
 TEST(CIMClass, findsItsPartsIgnoringCase)

@@ -178,6 +178,7 @@ TEST(CIMObjectPath, takesTheKeysOfTheClass)
     port.addProperty(number);
     CIMObjectPath path("SAMPLE_Port", "root");
     path.addKey("Extra", CIMValue("x"));
+    path.addKey("Level", CIMValue(UInt16(1)));
     path.addKey("number", CIMValue(Int64(7)));
     path.syncWithClass(port);
     EXPECT_EQ("/root:SAMPLE_Port.Number=\"7\",Name=\"null\"", path.toString());
@@ -202,12 +203,12 @@ TEST(CIMObjectPath, isNotCompletedWhenItIsThatOfAClass)
 
 TEST(CIMObjectPath, isParsedWithItsNamespace)
 {
-    const CIMObjectPath path = CIMObjectPath::parse("/root/cimv2:C.a=\"x,y=\\\"z\\\"\",b=\"7\"");
+    const CIMObjectPath path = CIMObjectPath::parse(R"(/root/cimv2:C.a="x,y=\"z\"",b="7")");
     EXPECT_EQ("root/cimv2", path.getNameSpace());
     EXPECT_EQ("C", path.getClassName());
     EXPECT_EQ("x,y=\"z\"", path.getKeyValue("a").toString());
     EXPECT_EQ(CIMDataType::STRING, path.getKeyValue("b").getType());
-    EXPECT_EQ("/root/cimv2:C.a=\"x,y=\\\"z\\\"\",b=\"7\"", path.toString());
+    EXPECT_EQ(R"(/root/cimv2:C.a="x,y=\"z\"",b="7")", path.toString());
 }
 
 TEST(CIMObjectPath, isNullWhenParsedFromNothing)

@@ -80,6 +80,7 @@ TEST(CIMValueMof, quotesTextsAndDates)
 {
     EXPECT_EQ("\"a \\\"b\\\"\\\\\"", CIMValue("a \"b\"\\").toMOF());
     EXPECT_EQ("\"00000000000000.000000:000\"", CIMValue(CIMDateTime()).toMOF());
+    EXPECT_EQ(R"("two\nlines")", CIMValue("two\nlines").toMOF());
     EXPECT_EQ("5", CIMValue(UInt16(5)).toMOF());
     EXPECT_EQ("true", CIMValue(true).toMOF());
 }

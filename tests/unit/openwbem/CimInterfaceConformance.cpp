@@ -75,17 +75,11 @@ static_assert(made<CIMClass> && made<CIMClass, CIMNULL_t> && made<CIMClass, cons
                   made<CIMClass, String> && !converts<const char*, CIMClass>,
               "classes");
 
-static_assert(std::is_base_of<CIMBase, CIMElement>::value &&
-                  std::is_base_of<CIMElement, CIMProperty>::value &&
-                  std::is_base_of<CIMElement, CIMQualifier>::value &&
-                  std::is_base_of<CIMElement, CIMInstance>::value &&
-                  std::is_base_of<CIMElement, CIMClass>::value,
-              "elements");
-static_assert(std::is_base_of<CIMBase, CIMValue>::value && std::is_base_of<CIMBase, CIMObjectPath>::value &&
-                  std::is_base_of<CIMBase, CIMParamValue>::value &&
-                  std::is_base_of<CIMBase, CIMDataType>::value &&
-                  !std::is_base_of<CIMBase, CIMDateTime>::value,
-              "others");
+template <class Base, class... Classes>
+constexpr bool bears = (std::is_base_of<Base, Classes>::value && ...);
+static_assert(bears<CIMElement, CIMProperty, CIMQualifier, CIMInstance, CIMClass>, "elements");
+static_assert(bears<CIMBase, CIMElement, CIMValue, CIMObjectPath, CIMParamValue, CIMDataType>, "objects");
+static_assert(!bears<CIMBase, CIMDateTime>, "a date is none of them");
 
 // The truth test converts to bool and to no number.
 template <class T>
@@ -96,12 +90,11 @@ static_assert(tested<CIMObjectPath> && tested<CIMParamValue> && tested<CIMDateTi
               "truth");
 static_assert(tested<CIMDataType> && tested<CIMName>, "truth");
 
-static_assert(std::is_same<CIMQualifierArray, Array<CIMQualifier>>::value &&
-                  std::is_same<CIMPropertyArray, Array<CIMProperty>>::value &&
-                  std::is_same<CIMInstanceArray, Array<CIMInstance>>::value &&
-                  std::is_same<CIMObjectPathArray, Array<CIMObjectPath>>::value &&
-                  std::is_same<CIMParamValueArray, Array<CIMParamValue>>::value,
-              "arrays by name");
+static_assert(std::is_same<CIMQualifierArray, Array<CIMQualifier>>::value, "array by name");
+static_assert(std::is_same<CIMPropertyArray, Array<CIMProperty>>::value, "array by name");
+static_assert(std::is_same<CIMInstanceArray, Array<CIMInstance>>::value, "array by name");
+static_assert(std::is_same<CIMObjectPathArray, Array<CIMObjectPath>>::value, "array by name");
+static_assert(std::is_same<CIMParamValueArray, Array<CIMParamValue>>::value, "array by name");
 
 static_assert(CIMDataType::UINT8 == 1 && CIMDataType::SINT8 == 2 && CIMDataType::UINT16 == 3 &&
                   CIMDataType::SINT16 == 4 && CIMDataType::UINT32 == 5 && CIMDataType::SINT32 == 6 &&

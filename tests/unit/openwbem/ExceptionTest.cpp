@@ -33,12 +33,12 @@ TEST(Exception, carriesPlaceMessageAndNumbers)
     EXPECT_STREQ("no such thing", e.what());
     EXPECT_EQ(7, e.getErrorCode());
     EXPECT_EQ(-1, e.getSubClassId());
-    EXPECT_EQ(0, e.getSubException());
+    EXPECT_EQ(nullptr, e.getSubException());
 }
 
 TEST(Exception, hasEmptyTextsForMissingOnes)
 {
-    const InventedException e(0, 0, 0);
+    const InventedException e(nullptr, 0, nullptr);
     EXPECT_STREQ("", e.getFile());
     EXPECT_STREQ("", e.getMessage());
     EXPECT_EQ(-1, e.getErrorCode());
@@ -63,7 +63,8 @@ TEST(Exception, isPrintedWithItsPlace)
 {
     EXPECT_EQ("Unit.cpp: 51 InventedException: no such thing",
               printed(InventedException("Unit.cpp", 51, "no such thing")));
-    EXPECT_EQ("[no file]: [no line] InventedException: [no message]", printed(InventedException(0, 0, 0)));
+    EXPECT_EQ("[no file]: [no line] InventedException: [no message]",
+              printed(InventedException(nullptr, 0, nullptr)));
 }
 
 TEST(Exception, isThrownByMacroWithThePlace)
@@ -107,7 +108,7 @@ class CIMExceptionDescription : public testing::TestWithParam<Description>
 {
 };
 
-CIMException exceptionOf(int code, const char* text = 0)
+CIMException exceptionOf(int code, const char* text = nullptr)
 {
     return CIMException("Unit.cpp", 1, CIMException::ErrNoType(code), text);
 }

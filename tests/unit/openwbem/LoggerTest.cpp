@@ -20,15 +20,15 @@ class TextLogger : public Logger
     TextLogger(std::string& text, ELogLevel level) : Logger("LANProvider", level), m_text(text) {}
 
   protected:
-    virtual void doProcessLogMessage(const LogMessage& message) const
+    void doProcessLogMessage(const LogMessage& message) const override
     {
         m_text += std::string(message.component.c_str()) + " " + message.category.c_str() + " " +
                   message.message.c_str() + "\n";
-        EXPECT_EQ(0, message.filename);
+        EXPECT_EQ(nullptr, message.filename);
         EXPECT_EQ(-1, message.fileline);
-        EXPECT_EQ(0, message.methodname);
+        EXPECT_EQ(nullptr, message.methodname);
     }
-    virtual LoggerRef doClone() const { return LoggerRef(new TextLogger(*this)); }
+    LoggerRef doClone() const override { return LoggerRef(new TextLogger(*this)); }
 
   private:
     std::string& m_text;

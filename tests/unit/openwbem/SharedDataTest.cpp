@@ -11,6 +11,7 @@ TEST(SharedData, isChangedByManyThreadsWithoutOneSeeingTheOther)
     CIMInstance original("C");
     original.setProperty("x", CIMValue(Int32(-1)));
     std::vector<std::thread> threads;
+    threads.reserve(4);
     std::vector<int> wrong(4, 0);
     for (int id = 0; id < 4; ++id) {
         threads.emplace_back([copy = original, id, &wrong] {

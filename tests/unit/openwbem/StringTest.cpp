@@ -18,7 +18,7 @@ TEST(String, isEmptyWhetherNullOrGivenNothing)
     EXPECT_TRUE(String("").empty());
     EXPECT_EQ(String(), String(""));
     EXPECT_STREQ("", String().c_str());
-    EXPECT_STREQ("", String(static_cast<const char*>(0)).c_str());
+    EXPECT_STREQ("", String(static_cast<const char*>(nullptr)).c_str());
     EXPECT_EQ(0U, String().length());
 }
 
@@ -48,7 +48,9 @@ TEST(String, writesRealsWithSixDigits)
 TEST(String, isMadeOfOneCharacter)
 {
     EXPECT_EQ("x", String('x'));
-    EXPECT_EQ(0U, String('\0').length());
+    String none('\0');
+    EXPECT_EQ(0U, none.length());
+    EXPECT_EQ(NULL_REFERENCE, thrown([&none] { none[0] = 'x'; }));
 }
 
 TEST(String, copiesAsManyBytesAsItIsTold)
@@ -181,7 +183,7 @@ TEST(String, staysNullWhenNothingIsAppended)
 {
     String text;
     text += "";
-    text += static_cast<const char*>(0);
+    text += static_cast<const char*>(nullptr);
     text.concat(String(""));
     EXPECT_EQ(NULL_REFERENCE, thrown([&text] { text[0] = 'x'; }));
 }
