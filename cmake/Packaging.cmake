@@ -1,0 +1,42 @@
+# Two packages, the provider and its debug symbols: Debian packages for this kind of machine, archives for the server,
+# which has no package manager. An archive is unpacked at the root of the server's file system.
+set(CPACK_PACKAGE_NAME lanprovider)
+set(CPACK_PACKAGE_VENDOR "LANProvider maintainers")
+set(CPACK_PACKAGE_CONTACT "LANProvider maintainers <root@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_COMPONENTS_ALL provider debug)
+set(CPACK_VERBATIM_VARIABLES ON)
+
+# A library that was built against the stand-in looks the same and works with nothing else: its packages say so.
+if(OPENWBEM_ROOT)
+  set(built_against "")
+else()
+  set(built_against -standin)
+endif()
+
+if(CMAKE_CROSSCOMPILING)
+  string(TOLOWER ${CMAKE_SYSTEM_NAME} system)
+  set(file_name lanprovider-${PROJECT_VERSION}-${CMAKE_SYSTEM_PROCESSOR}-${system}${built_against})
+  set(CPACK_GENERATOR TGZ)
+  set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+  set(CPACK_ARCHIVE_PROVIDER_FILE_NAME ${file_name})
+  set(CPACK_ARCHIVE_DEBUG_FILE_NAME ${file_name}-debug)
+  set(CPACK_COMPONENT_INCLUDE_TOPLEVEL_DIRECTORY OFF)
+else()
+  set(CPACK_GENERATOR DEB)
+  set(CPACK_DEB_COMPONENT_INSTALL ON)
+  set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+  set(CPACK_DEBIAN_PROVIDER_PACKAGE_NAME lanprovider${built_against})
+  set(CPACK_DEBIAN_DEBUG_PACKAGE_NAME lanprovider${built_against}-dbgsym)
+  set(CPACK_DEBIAN_PROVIDER_PACKAGE_SECTION admin)
+  set(CPACK_DEBIAN_DEBUG_PACKAGE_SECTION debug)
+  set(CPACK_COMPONENT_DEBUG_DESCRIPTION "Debug symbols of libLANProvider.so")
+  # The object manager's and the platform's libraries are in no package; everything else is looked up.
+  set(CPACK_DEBIAN_PROVIDER_PACKAGE_SHLIBDEPS ON)
+  if(NOT OPENWBEM_ROOT)
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+        ${CMAKE_BINARY_DIR}/standins/openwbem ${CMAKE_BINARY_DIR}/standins/platform)
+  endif()
+endif()
+include(CPack)
