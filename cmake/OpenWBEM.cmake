@@ -21,6 +21,7 @@ block()
   find_path(include_directory OW_config.h
     PATHS ${OPENWBEM_ROOT}/include/openwbem ${OPENWBEM_ROOT}/include NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
   if(include_directory)
+    string(REGEX REPLACE "/$" "" include_directory ${include_directory})
     foreach(header IN LISTS headers)
       if(NOT EXISTS ${include_directory}/${header})
         string(APPEND problems "\n  no header ${header} in ${include_directory}")

@@ -1,0 +1,136 @@
+"""Preset openwbem: the library and the interface's conformance test against an installed OpenWBEM.
+
+There is no installation on a development machine. A prefix of the same layout and names is put together from the
+stand-in's headers and library, which shows that the preset takes all from there, not how OpenWBEM itself behaves.
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+
+import pytest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RELEASE = ROOT / "build/powerpc-release"
+# Fixed places, so that a second run finds its compilations in the cache.
+PREFIX = ROOT / "build/openwbem-prefix"
+BUILD = ROOT / "build/openwbem-target"
+WRONG_BUILD = ROOT / "build/openwbem-wrong"
+
+LIBRARIES = ["openwbem", "owprovider", "owcppprovifc"]
+PLATFORM_LIBRARIES = ["kvu", "kvnet"]
+
+
+def make_library(path, source="/dev/null"):
+    subprocess.run(["powerpc-linux-gnu-g++", "-shared", "-fPIC", f"-I{ROOT}/interfaces/platform",
+                    f"-Wl,-soname,{path.name}", "-o", path, "-x", "c++", source], check=True)  # fmt: skip
+
+
+def make_prefix(prefix, headers="include/openwbem", library=RELEASE / "standins/openwbem/libopenwbem.so"):
+    shutil.rmtree(prefix, ignore_errors=True)
+    shutil.copytree(ROOT / "standins/openwbem/include", prefix / headers)
+    (prefix / "lib").mkdir()
+    shutil.copy2(library, prefix / "lib")
+    for name in LIBRARIES[1:]:
+        make_library(prefix / f"lib/lib{name}.so")
+    return prefix
+
+
+def configure(build, prefix, *options):
+    command = ["cmake", "--preset", "openwbem", "-B", build, "--toolchain", ROOT / "cmake/powerpc-linux-gnu.cmake",
+               f"-DOPENWBEM_ROOT={prefix}", "-DCMAKE_BUILD_TYPE=Debug", *options]  # fmt: skip
+    return subprocess.run(command, cwd=ROOT, capture_output=True, text=True, check=False)
+
+
+@pytest.fixture(scope="module")
+def build():
+    """A build against such a prefix and against the server's platform, which is played by two libraries."""
+    prefix = make_prefix(PREFIX)
+    shutil.copytree(ROOT / "interfaces/platform", prefix / "platform")
+    make_library(prefix / "platform/libkvu.so", ROOT / "tests/target/AbsentPlatform.cpp")
+    make_library(prefix / "platform/libkvnet.so")
+    platform = ";".join(f"{prefix}/platform/lib{name}.so" for name in PLATFORM_LIBRARIES)
+    configured = configure(BUILD, prefix, f"-DKV_PLATFORM_INCLUDE_DIR={prefix}/platform", f"-DKV_PLATFORM_LIBRARIES={platform}")
+    assert configured.returncode == 0, configured.stderr
+    subprocess.run(["cmake", "--build", BUILD, "-j", str(os.cpu_count()), "--target", "LANProvider", "unit_openwbem"], check=True)
+    return BUILD
+
+
+def needed(file):
+    dynamic = subprocess.run(["powerpc-linux-gnu-readelf", "-dW", file], check=True, capture_output=True, text=True).stdout
+    return re.findall(r"\(NEEDED\) +Shared library: \[(.*)\]", dynamic)
+
+
+def test_the_library_is_linked_with_the_installation_and_the_servers_platform(build):
+    assert needed(build / "src/libLANProvider.so") == [
+        "libopenwbem.so", "libkvu.so", "libstdc++.so.6", "libgcc_s.so.1", "libc.so.6"
+    ]  # fmt: skip
+
+
+def test_no_stand_in_takes_part(build):
+    rules = (build / "build.ninja").read_text()
+    assert "standins/openwbem" not in rules and "standins/platform" not in rules
+    assert f"-isystem {PREFIX}/include/openwbem" in rules
+    assert f"-isystem {PREFIX}/platform" in rules
+    assert "interfaces/platform" not in rules
+
+
+def test_the_interface_conforms(build):
+    ran = subprocess.run(["qemu-ppc", "-L", "/usr/powerpc-linux-gnu", build / "tests/unit/openwbem/unit_openwbem"],
+                         capture_output=True, text=True, check=False)  # fmt: skip
+    assert ran.returncode == 0, ran.stdout
+    assert re.search(r"\[  PASSED  \] [1-9]\d+ tests", ran.stdout)
+
+
+def problems_of(prefix):
+    configured = configure(WRONG_BUILD, prefix, "-DBUILD_TESTING=OFF")
+    assert configured.returncode != 0
+    assert "is no development installation of OpenWBEM" in configured.stderr
+    return re.findall(r"^ +((?:no |OW_config).*)", configured.stderr, re.MULTILINE)
+
+
+@pytest.fixture
+def prefix(tmp_path, build):
+    # The build is asked for because it comes first: it leaves a complete prefix to spoil.
+    shutil.copytree(PREFIX, tmp_path / "prefix")
+    return tmp_path / "prefix"
+
+
+def test_an_empty_prefix_lacks_the_first_header_and_all_libraries(tmp_path):
+    assert problems_of(tmp_path) == [
+        f"no header OW_config.h in {tmp_path}/include/openwbem or {tmp_path}/include",
+        *(f"no library {name} in {tmp_path}/lib" for name in LIBRARIES),
+    ]
+
+
+@pytest.mark.parametrize("header", ["OW_CppInstanceProviderIFC.hpp", "OW_CIMValue.hpp", "OW_String.hpp"])
+def test_a_missing_header_is_named(prefix, header):
+    (prefix / "include/openwbem" / header).unlink()
+    assert problems_of(prefix) == [f"no header {header} in {prefix}/include/openwbem"]
+
+
+@pytest.mark.parametrize("name", LIBRARIES)
+def test_a_missing_library_is_named(prefix, name):
+    (prefix / f"lib/lib{name}.so").unlink()
+    assert problems_of(prefix) == [f"no library {name} in {prefix}/lib"]
+
+
+def test_another_version_is_refused(prefix):
+    config = prefix / "include/openwbem/OW_config.h"
+    config.write_text(config.read_text().replace('"3.0.3"', '"3.1.0"'))
+    assert problems_of(prefix) == ['OW_config.h does not define OW_VERSION as "3.0.3"']
+
+
+def test_headers_may_lie_directly_in_include(prefix):
+    for header in (prefix / "include/openwbem").iterdir():
+        header.rename(prefix / "include" / header.name)
+    configured = configure(WRONG_BUILD, prefix, "-DBUILD_TESTING=OFF")
+    assert configured.returncode == 0, configured.stderr
+    assert re.search(rf"-isystem {re.escape(str(prefix))}/include$", (WRONG_BUILD / "build.ninja").read_text(), re.MULTILINE)
+
+
+def test_a_package_of_it_does_not_call_itself_a_stand_in(build):
+    config = (build / "CPackConfig.cmake").read_text()
+    assert 'set(CPACK_ARCHIVE_PROVIDER_FILE_NAME "lanprovider-1.0.0-powerpc-linux")' in config
