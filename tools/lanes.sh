@@ -107,8 +107,17 @@ lane_system() {
 }
 
 lane_target() {
+    local line library=build/powerpc-installed/lib/openwbem/c++providers/libLANProvider.so
     build powerpc
     run_unit_tests powerpc target
+    /usr/bin/python3 tests/target/compare_counts.py "$results" >"$logs/target-counts.txt"
+    while read -r line; do note "$line"; done <"$logs/target-counts.txt"
+
+    build powerpc-release
+    cmake --install build/powerpc-release --prefix build/powerpc-installed
+    note "the library for the server: $(stat -c %s "$library") bytes stripped, of which in memory" \
+        "$(powerpc-linux-gnu-size "$library" | awk 'NR == 2 {print $1 " shared and " $2 + $3 " of its own"}')"
+    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/target-packages.xml" tests/target
 }
 
 lane_phy() {

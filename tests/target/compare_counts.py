@@ -44,7 +44,7 @@ def main():
         else:
             unexplained.append(program)
     for name in unexplained:
-        print(f"left out without a reason: {name}")
+        print(f"left out without a reason: {name}", file=sys.stderr)
     return 1 if unexplained else 0
 
 

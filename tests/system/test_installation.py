@@ -1,0 +1,111 @@
+"""What cmake --install and cpack make of the development build, and that it serves from where it was installed."""
+
+import json
+import os
+import re
+import subprocess
+
+import pytest
+
+from cimom import BUILD, PROGRAM
+
+PROVIDERS = "lib/openwbem/c++providers"
+CLASSES = "share/openwbem/mof"
+PROVIDER_FILES = {
+    f"{PROVIDERS}/libLANProvider.so",
+    f"{CLASSES}/ORX_ALGService.mof",
+    f"{CLASSES}/ORX_LANEndpoint.mof",
+    f"{CLASSES}/ORX_LANServiceSetting.mof",
+    "share/doc/lanprovider/deployment.md",
+}
+SYMBOL_FILES = {f"{PROVIDERS}/.debug/libLANProvider.so.debug"}
+
+
+def output_of(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def install(prefix, *options, staging=None):
+    environment = os.environ | ({"DESTDIR": str(staging)} if staging else {})
+    subprocess.run(["cmake", "--install", BUILD, "--prefix", prefix, *options], check=True, capture_output=True, env=environment)
+
+
+def files_below(directory):
+    return {str(path.relative_to(directory)) for path in directory.rglob("*") if path.is_file()}
+
+
+def sections(file):
+    return set(re.findall(r"\] (\.\S+)", output_of("readelf", "-SW", file)))
+
+
+@pytest.fixture
+def prefix(tmp_path):
+    install(tmp_path / "prefix")
+    return tmp_path / "prefix"
+
+
+def test_everything_is_where_the_object_manager_looks_by_default(prefix):
+    assert files_below(prefix) == PROVIDER_FILES | SYMBOL_FILES
+
+
+def test_the_symbols_can_be_left_out(tmp_path):
+    install(tmp_path, "--component", "provider")
+    assert files_below(tmp_path) == PROVIDER_FILES
+
+
+def test_it_can_be_staged_for_a_packager(tmp_path):
+    install("/opt/server", staging=tmp_path)
+    assert files_below(tmp_path / "opt/server") == PROVIDER_FILES | SYMBOL_FILES
+    assert ".symtab" not in sections(tmp_path / "opt/server" / PROVIDERS / "libLANProvider.so")
+
+
+def test_the_installed_library_is_stripped_and_names_the_file_with_its_symbols(prefix):
+    library = prefix / PROVIDERS / "libLANProvider.so"
+    assert not {name for name in sections(library) if name == ".symtab" or name.startswith(".debug")}
+    assert "libLANProvider.so.debug" in output_of("readelf", "--debug-dump=links", library)
+    assert ".debug_info" in sections(prefix / PROVIDERS / ".debug/libLANProvider.so.debug")
+
+
+def test_the_installed_library_searches_no_directory_of_the_building_machine(prefix):
+    dynamic = output_of("readelf", "-dW", prefix / PROVIDERS / "libLANProvider.so")
+    assert "(RUNPATH)" not in dynamic and "(RPATH)" not in dynamic
+
+
+@pytest.mark.parametrize("instance, name, value", [
+    ('ORX_LANEndpoint.Name="eth1"', "Description", "Customer LAN"),
+    ("ORX_LANServiceSetting", "DomainName", "site.example"),
+    ('ORX_ALGService.SystemCreationClassName="SCCN",SystemName="SN",CreationClassName="CCN",Name="Name"', "KLonKLEnabled", False),
+])  # fmt: skip
+def test_the_installed_library_serves_the_installed_classes(server, prefix, instance, name, value):
+    command = (f"LD_LIBRARY_PATH={BUILD}/standins/platform {PROGRAM} --mof {prefix}/{CLASSES} --provider-dir {prefix}/{PROVIDERS} "
+               f"call --json getInstance 'root/cimv2:{instance}'")  # fmt: skip
+    answer = json.loads(server.sh(command))
+    assert answer["properties"][name] == value
+
+
+@pytest.fixture(scope="module")
+def packages(tmp_path_factory):
+    directory = tmp_path_factory.mktemp("packages")
+    subprocess.run(["cpack", "--config", BUILD / "CPackConfig.cmake", "-B", directory], check=True, capture_output=True)
+    return directory
+
+
+def package(packages, name):
+    [file] = packages.glob(f"{name}_*.deb")
+    return file
+
+
+def test_there_is_one_debian_package_of_the_provider_and_one_of_its_symbols(packages):
+    assert sorted(path.name.split("_")[0] for path in packages.glob("*.deb")) == [
+        "lanprovider-standin", "lanprovider-standin-dbgsym"]  # fmt: skip
+
+
+@pytest.mark.parametrize("name, files", [("lanprovider-standin", PROVIDER_FILES), ("lanprovider-standin-dbgsym", SYMBOL_FILES)])
+def test_a_debian_package_unpacks_below_usr(packages, tmp_path, name, files):
+    subprocess.run(["dpkg-deb", "-x", package(packages, name), tmp_path], check=True)
+    assert files_below(tmp_path) == {f"usr/{file}" for file in files}
+
+
+def test_the_provider_package_asks_for_the_packages_of_the_libraries_that_it_needs(packages):
+    depends = output_of("dpkg-deb", "-f", package(packages, "lanprovider-standin"), "Depends")
+    assert {entry.split()[0] for entry in depends.strip().split(", ")} == {"libc6", "libgcc-s1", "libstdc++6"}
