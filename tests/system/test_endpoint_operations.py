@@ -172,7 +172,7 @@ def test_properties_that_cannot_be_changed_are_passed_over(managed):
     ({"IPAddress": ("string", "10.0.0.300")}, "Invalid IP address format"),
     ({"IPAddress": ("string", "10.0.0.0")}, "Invalid IP address format"),
     ({"DefaultGateway": ("string", "nonsense")}, "Invalid IP address format"),
-    ({"SubnetMask": ("string", "255.255.255.7")}, "Invalid subnet format"),
+    ({"SubnetMask": ("string", "255.0.255.0")}, "Invalid subnet format"),
     ({"IPAddress": ("string", "172.16.2.9")}, "The IP/mask pair overlaps with another interface"),
     ({"MaxDataSize": ("sint32", "67")}, "MTU size entered is out of the range: (68-1500)"),
     ({"MaxDataSize": ("sint32", "1501")}, "MTU size entered is out of the range: (68-1500)"),
