@@ -120,7 +120,7 @@ def test_serving_answers_clients_of_this_machine_until_interrupted():
 def test_help_names_every_form():
     done = run("--help")
     assert done.returncode == 0
-    assert done.stdout.startswith("usage: ./run [--help] | ./run shell | ./run serve [--port N]\n")
+    assert done.stdout.startswith("usage: ./run [--help] | ./run shell | ./run serve [--port N] | ./run bench\n")
 
 
 @pytest.mark.parametrize("arguments", [["unknown"], ["serve", "--port"], ["serve", "--port", "x"], ["shell", "extra"]])
