@@ -29,12 +29,15 @@ String afterLine(const String& text, std::size_t position)
     return lineBreak == String::npos ? String() : text.substring(lineBreak + 1);
 }
 
-/// The position of occurrence number `index` of `word`, npos when there are fewer.
+/// The position of occurrence number `index` of `word`, npos when there are fewer or the number is negative.
 std::size_t occurrence(const String& text, const char* word, int index)
 {
-    std::size_t position = text.indexOf(word);
-    for (int count = 0; count < index && position != String::npos; ++count)
-        position = text.indexOf(word, position + 1);
+    std::size_t position = String::npos;
+    for (int count = 0; count <= index; ++count) {
+        position = text.indexOf(word, count == 0 ? 0 : position + 1);
+        if (position == String::npos)
+            break;
+    }
     return position;
 }
 

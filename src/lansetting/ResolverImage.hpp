@@ -35,7 +35,8 @@ OpenWBEM::String withSearchDomain(const OpenWBEM::String& contents, const OpenWB
 
 /// `contents` with whatever follows the occurrence number `index` (from 0) of "nameserver" on its line
 /// replaced by `address`. An empty address removes the keyword and the rest of its line instead. Without such
-/// an occurrence a nameserver line is added at the end, also, and intended, one without an address.
+/// an occurrence, and there is none with a negative number, a nameserver line is added at the end, also, and
+/// intended, one without an address.
 OpenWBEM::String withNameserver(const OpenWBEM::String& contents, const OpenWBEM::String& address, int index);
 
 #endif

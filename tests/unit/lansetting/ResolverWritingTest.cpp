@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 namespace
@@ -108,6 +109,14 @@ const NameserverChange nameserverChanges[] = {
     {"WhereOneLineMentionsItTwice", 1, "10.1.1.1", "# nameserver nameserver x\nnameserver 10.0.0.1\n",
      "# nameserver nameserver 10.1.1.1\nnameserver 10.0.0.1\n"},
     {"InsideAWord", 0, "10.1.1.1", "mynameservers x\n", "mynameserver 10.1.1.1\n"},
+    {"ThirdOfThree", 2, "10.1.1.1", two + "nameserver 10.0.0.3\nsearch lan\n",
+     two + "nameserver 10.1.1.1\nsearch lan\n"},
+    {"ThirdAtTheEndBehindTwo", 2, "10.1.1.1", two + "search lan\n",
+     two + "search lan\nnameserver 10.1.1.1\n"},
+    {"AtTheEndWithANegativeNumber", -1, "10.1.1.1", two + "search lan\n",
+     two + "search lan\nnameserver 10.1.1.1\n"},
+    {"AtTheEndWithTheLowestNumber", std::numeric_limits<int>::min(), "10.1.1.1", two,
+     two + "nameserver 10.1.1.1\n"},
 
     {"RemovedPrimary", 0, "", two, "nameserver 10.0.0.2\n"},
     {"RemovedSecondary", 1, "", two + "search lan\n", "nameserver 10.0.0.1\nsearch lan\n"},
@@ -119,6 +128,7 @@ const NameserverChange nameserverChanges[] = {
     {"RemovedWhereThereIsNoneAddsAnEmptyLine", 1, "", "nameserver 10.0.0.1\n",
      "nameserver 10.0.0.1\nnameserver \n"},
     {"RemovedFromAnEmptyFileAddsAnEmptyLine", 0, "", "", "nameserver \n"},
+    {"RemovedWithANegativeNumberAddsAnEmptyLine", -1, "", two, two + "nameserver \n"},
 };
 
 INSTANTIATE_TEST_SUITE_P(As, ResolverNameserver, ::testing::ValuesIn(nameserverChanges),

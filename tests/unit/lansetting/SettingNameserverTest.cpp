@@ -172,6 +172,29 @@ TEST_F(SettingNameserver, AnUpdateOfALineTouchesTheFileOnly)
     EXPECT_EQ(secondaryOf(model), "10.0.0.2");
 }
 
+TEST_F(SettingNameserver, AnUpdateReachesTheThirdLineToo)
+{
+    givenRead("nameserver 10.0.0.1\nnameserver 10.0.0.2\nnameserver 10.0.0.3\n");
+    model.updateNameserver("10.1.1.1", 2);
+    EXPECT_EQ(world.journal(), (Lines{"fopen /etc/resolv.conf w", "fclose /etc/resolv.conf"}));
+    EXPECT_EQ(resolverFile(), "nameserver 10.0.0.1\nnameserver 10.0.0.2\nnameserver 10.1.1.1\n");
+    model.updateNameserver("", 2);
+    EXPECT_EQ(resolverFile(), "nameserver 10.0.0.1\nnameserver 10.0.0.2\n");
+    EXPECT_EQ(primaryOf(model), "10.0.0.1");
+    EXPECT_EQ(secondaryOf(model), "10.0.0.2");
+}
+
+TEST_F(SettingNameserver, AnUpdateOfALineThatIsNotThereAddsOne)
+{
+    for (const int number : {2, 3, 1000, -1}) {
+        givenRead("nameserver 10.0.0.1\nnameserver 10.0.0.2\n");
+        model.updateNameserver("10.1.1.1", number);
+        EXPECT_EQ(resolverFile(), "nameserver 10.0.0.1\nnameserver 10.0.0.2\nnameserver 10.1.1.1\n")
+            << number;
+        EXPECT_EQ(imageOf(model), resolverFile()) << number;
+    }
+}
+
 TEST_F(SettingNameserver, ChangesBuildUponEachOther)
 {
     givenRead("# head\n");
