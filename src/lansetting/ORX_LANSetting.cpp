@@ -21,6 +21,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 
 namespace
 {
@@ -56,14 +57,18 @@ void setRegistryFlag(const char* flag)
     KvuSetRegEntryUint16Ex(registryArea, registrySection, flag, 1);
 }
 
+struct StreamCloser {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+using Stream = std::unique_ptr<std::FILE, StreamCloser>;
+
 /// False when the file cannot be opened.
 bool writeResolverFile(const String& contents)
 {
-    std::FILE* file = std::fopen(resolveFile, "we");
+    const Stream file(std::fopen(resolveFile, "we"));
     if (!file)
         return false;
-    std::fwrite(contents.c_str(), 1, contents.length(), file);
-    std::fclose(file);
+    std::fwrite(contents.c_str(), 1, contents.length(), file.get());
     return true;
 }
 
@@ -170,12 +175,11 @@ void ORX_LANSetting::readDomainName()
 void ORX_LANSetting::readResolverFile()
 {
     ResolverImage image;
-    if (std::FILE* file = std::fopen(resolveFile, "re")) {
+    if (const Stream file{std::fopen(resolveFile, "re")}) {
         std::array<char, lineBuffer> line;
-        while (std::fgets(line.data(), static_cast<int>(line.size()), file) &&
+        while (std::fgets(line.data(), static_cast<int>(line.size()), file.get()) &&
                image.addLine(line.data(), domainName)) {
         }
-        std::fclose(file);
     }
     primaryDNS = image.primaryDNS;
     secondaryDNS = image.secondaryDNS;
@@ -195,11 +199,11 @@ bool ORX_LANSetting::readSwitches()
 {
     isIcmpFilterEnabled = false; // and no other: the rest is only ever raised here, as intended
     unsigned value = 0;
-    for (const PacketFilterSwitch& each : {icmpFilter, arpFilter, broadcastFilter, ipConflictDetection}) {
-        if (kv_get_netfilter_config(each.key, &value) < 0)
+    for (const PacketFilterSwitch* each : {&icmpFilter, &arpFilter, &broadcastFilter, &ipConflictDetection}) {
+        if (kv_get_netfilter_config(each->key, &value) < 0)
             return false;
         if (value != 0)
-            this->*each.field = true;
+            this->*each->field = true;
     }
     return true;
 }

@@ -62,9 +62,8 @@ class ORX_LANSetting
     bool setIsBroadcastFilterEnabled(bool enabled);
     bool setIsIPAddressConflictEnabled(bool enabled);
 
-    /// One ioctl on the packet filter's device. `request` is the device's request code in 32 bits, `value` 0
-    /// or
-    /// 1. Returns 0, or -1 when the device is absent or refuses.
+    /// One ioctl on the packet filter's device. `request` is the device's request code in 32 bits, `value` is
+    /// 0 or 1. Returns 0, or -1 when the device is absent or refuses.
     int notifyKernel(int request, unsigned value);
 
     /// Presses the router card's reset button and returns "Router reset initiated". Throws when the card is
