@@ -167,6 +167,7 @@ class CList
         }
     }
 
+    // The members keep the order of the list's layout, whatever their access.
     std::int32_t m_count = 0;
 
   protected:

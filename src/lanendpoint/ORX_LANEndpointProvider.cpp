@@ -294,6 +294,7 @@ void ORX_LANEndpointProvider::modifyInstance(ORX_LANEndpoint& endpoint, const CI
     const CIMPropertyArray properties = instance.getProperties();
     for (const CIMProperty& property : properties) {
         const String name = property.getName();
+        // The code in the log is fixed: a setter answers with a flag, of which only 0 refuses.
         if (applyProperty(endpoint, name, property.getValue()) == 0)
             reporting::logAndFail({unit, __LINE__},
                                   "Failed to modify property  " + instance.toString() + "." + name,

@@ -230,6 +230,7 @@ void ORX_LANSettingProvider::modifyInstance(ORX_LANSetting& model, const CIMInst
     const CIMPropertyArray properties = instance.getProperties();
     for (const CIMProperty& property : properties) {
         const String name = property.getName();
+        // The code in the log is fixed: a setter answers with a flag, of which only 0 refuses.
         if (!applyProperty(model, name, property.getValue()))
             reporting::logAndFail({unit, __LINE__},
                                   "Failed to modify property  " + instance.toString() + "." + name,

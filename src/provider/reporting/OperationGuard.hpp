@@ -12,7 +12,8 @@ namespace reporting
 
 /// A provider operation as the failure texts name it. The two lines are those of the two clauses that turn an
 /// unexpected exception into a CIM failure; they differ, so that the line in a report tells the clauses
-/// apart.
+/// apart. Callers give __LINE__ and __LINE__ + 1: the clauses themselves stand in this header, where every
+/// operation would be reported from the same two lines.
 struct GuardedOperation {
     const char* unit;
     const char* name; ///< "enumInstanceNames", "getInstance", ...
