@@ -104,6 +104,24 @@ TEST_F(SettingInstance, IsCompleteWhateverTheRequestAsksFor)
     EXPECT_EQ(propertiesOf(instances[0]), emptyInstance);
 }
 
+TEST_F(SettingInstance, IsTheSameInEveryNamespace)
+{
+    for (const char* ns : {"", "root/orx"}) {
+        EXPECT_EQ(
+            propertiesOf(provider.getInstance(env, ns, CIMObjectPath("ORX_LANServiceSetting", "root/x"),
+                                              WBEMFlags::E_NOT_LOCAL_ONLY, WBEMFlags::E_EXCLUDE_QUALIFIERS,
+                                              WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, nullClass)),
+            emptyInstance);
+        OpenWBEM::CIMInstanceArray instances;
+        OpenWBEM::CIMInstanceArrayBuilder result(instances);
+        provider.enumInstances(env, ns, "ORX_LANServiceSetting", result, WBEMFlags::E_NOT_LOCAL_ONLY,
+                               WBEMFlags::E_DEEP, WBEMFlags::E_EXCLUDE_QUALIFIERS,
+                               WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, nullClass, nullClass);
+        ASSERT_EQ(instances.size(), 1U);
+        EXPECT_EQ(propertiesOf(instances[0]), emptyInstance);
+    }
+}
+
 TEST_F(SettingInstance, IsTheOnlyOneOfAnEnumeration)
 {
     const OpenWBEM::CIMInstanceArray instances = enumInstances();
@@ -121,6 +139,21 @@ TEST_F(SettingInstance, HasANameWithAnEmptyInstanceId)
     ASSERT_EQ(names[0].getKeys().size(), 1U);
     EXPECT_EQ(names[0].getKeys()[0].getDataType().getType(), CIMDataType::STRING);
     EXPECT_STREQ(names[0].toString().c_str(), "/root/cimv2:ORX_LANServiceSetting.InstanceID=\"\"");
+}
+
+TEST_F(SettingInstance, HasANameInTheClassAndNamespaceOfTheRequest)
+{
+    const OpenWBEM::CIMObjectPathArray names = enumInstanceNames("orx_lanservicesetting", "root/orx");
+    ASSERT_EQ(names.size(), 1U);
+    EXPECT_STREQ(names[0].toString().c_str(), "/root/orx:orx_lanservicesetting.InstanceID=\"\"");
+}
+
+TEST_F(SettingInstance, IsOfItsOneClassWhateverIsAskedFor)
+{
+    EXPECT_STREQ(getInstance(CIMObjectPath("Another_Class")).getClassName().c_str(), "ORX_LANServiceSetting");
+    const OpenWBEM::CIMInstanceArray instances = enumInstances("Another_Class");
+    ASSERT_EQ(instances.size(), 1U);
+    EXPECT_STREQ(instances[0].getClassName().c_str(), "ORX_LANServiceSetting");
 }
 
 TEST_F(SettingInstance, ItsNameIsOnlyGivenWhenTheServerCanBeRead)

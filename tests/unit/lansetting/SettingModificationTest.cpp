@@ -139,6 +139,22 @@ TEST_F(SettingModification, DoesNotReadTheServerFirst)
                      "fclose /etc/resolv.conf", "KvuSetRegEntryUint16Ex 5 DNS secondaryDNS_Flag 1"}));
 }
 
+TEST_F(SettingModification, LooksAtNothingOfTheRequestButTheModifiedInstance)
+{
+    OpenWBEM::StringArray list;
+    list.push_back("DomainName");
+    const CIMInstance modified = instanceOf({text("SecondaryDNS", "10.1.1.2")});
+    for (const char* ns : {"", "root/orx"}) {
+        givenRead();
+        provider.modifyInstance(env, ns, modified, modified, WBEMFlags::E_INCLUDE_QUALIFIERS, &list,
+                                OpenWBEM::CIMClass("Another_Class"));
+        EXPECT_EQ(world.journal(),
+                  (Lines{"dhcpIpInfoIsIPAddrValid 10.1.1.2", "fopen /etc/resolv.conf w",
+                         "fclose /etc/resolv.conf", "KvuSetRegEntryUint16Ex 5 DNS secondaryDNS_Flag 1"}))
+            << ns;
+    }
+}
+
 TEST_F(SettingModification, PassesOverWhatCannotBeChanged)
 {
     givenRead();

@@ -60,6 +60,22 @@ TEST_F(SettingRequest, ResetRouterReturnsAText)
     EXPECT_EQ(world.journal(), Lines{"osResetRouter"});
 }
 
+TEST_F(SettingRequest, ResetRouterLooksAtNeitherNamespaceNorPathNorParameters)
+{
+    CIMObjectPath path("Another_Class", "root/another");
+    path.setKeyValue("InstanceID", CIMValue("nonsense"));
+    OpenWBEM::CIMParamValueArray in;
+    in.push_back(OpenWBEM::CIMParamValue("Delay", CIMValue(OpenWBEM::UInt16(5))));
+    for (const char* ns : {"", "root/orx"}) {
+        world.clearJournal();
+        OpenWBEM::CIMParamValueArray out;
+        const CIMValue result = provider.invokeMethod(env, ns, path, "ResetRouter", in, out);
+        EXPECT_STREQ(result.toString().c_str(), "Router reset initiated") << ns;
+        EXPECT_EQ(out.size(), 0U) << ns;
+        EXPECT_EQ(world.journal(), Lines{"osResetRouter"}) << ns;
+    }
+}
+
 TEST_F(SettingRequest, AnyOtherMethodIsNotFound)
 {
     for (const char* name : {"resetRouter", "RESETROUTER", "ResetRouter ", "Reset", ""})
@@ -135,8 +151,8 @@ class UnexpectedException : public SettingRequests
     {
         CIMObjectPath path("ORX_LANServiceSetting", "root/cimv2");
         path.setKeyValue("InstanceID", CIMValue("x"));
-        return {{"enumInstanceNames", "ORX_LANServiceSetting", [this] { enumInstanceNames(); }},
-                {"enumInstances", "ORX_LANServiceSetting", [this] { enumInstances(); }},
+        return {{"enumInstanceNames", "Some_Class", [this] { enumInstanceNames("Some_Class"); }},
+                {"enumInstances", "Some_Class", [this] { enumInstances("Some_Class"); }},
                 {"getInstance", "/root/cimv2:ORX_LANServiceSetting.InstanceID=\"x\"",
                  [this, path] { getInstance(path); }},
                 {"modifyInstance", "instance of ORX_LANServiceSetting {\nDomainName = 1;\n}\n",

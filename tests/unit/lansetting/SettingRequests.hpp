@@ -38,27 +38,28 @@ inline OpenWBEM::CIMProperty flag(const char* name, bool value)
 class SettingRequests : public SettingTest
 {
   protected:
-    OpenWBEM::CIMObjectPathArray enumInstanceNames()
+    OpenWBEM::CIMObjectPathArray enumInstanceNames(const char* className = "ORX_LANServiceSetting",
+                                                   const char* ns = "root/cimv2")
     {
         OpenWBEM::CIMObjectPathArray names;
         OpenWBEM::CIMObjectPathArrayBuilder result(names);
-        provider.enumInstanceNames(env, "root/cimv2", "ORX_LANServiceSetting", result, nullClass);
+        provider.enumInstanceNames(env, ns, className, result, nullClass);
         return names;
     }
 
-    void enumInstances(OpenWBEM::CIMInstanceResultHandlerIFC& result)
+    void enumInstances(OpenWBEM::CIMInstanceResultHandlerIFC& result,
+                       const char* className = "ORX_LANServiceSetting")
     {
-        provider.enumInstances(env, "root/cimv2", "ORX_LANServiceSetting", result,
-                               WBEMFlags::E_NOT_LOCAL_ONLY, WBEMFlags::E_DEEP,
-                               WBEMFlags::E_EXCLUDE_QUALIFIERS, WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr,
-                               nullClass, nullClass);
+        provider.enumInstances(env, "root/cimv2", className, result, WBEMFlags::E_NOT_LOCAL_ONLY,
+                               WBEMFlags::E_DEEP, WBEMFlags::E_EXCLUDE_QUALIFIERS,
+                               WBEMFlags::E_EXCLUDE_CLASS_ORIGIN, nullptr, nullClass, nullClass);
     }
 
-    OpenWBEM::CIMInstanceArray enumInstances()
+    OpenWBEM::CIMInstanceArray enumInstances(const char* className = "ORX_LANServiceSetting")
     {
         OpenWBEM::CIMInstanceArray instances;
         OpenWBEM::CIMInstanceArrayBuilder result(instances);
-        enumInstances(result);
+        enumInstances(result, className);
         return instances;
     }
 
