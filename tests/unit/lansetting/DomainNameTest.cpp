@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <cctype>
 #include <string>
 
 namespace
@@ -40,6 +42,46 @@ TEST(DomainName, GoesOnWithLettersDigitsDotsAndHyphensAndNothingElse)
         EXPECT_EQ(isValid("a" + later + "b"), expected) << "byte " << byte;
         EXPECT_EQ(isValid("abc.d" + later), expected) << "byte " << byte;
     }
+}
+
+/// While it lives, the C library takes every byte for a letter and a digit, as other locales do with some. It
+/// stands in for them because no locale but the C library's own is on every machine.
+class LocaleOfLetters
+{
+  public:
+    LocaleOfLetters() : m_before(*__ctype_b_loc())
+    {
+        m_table.fill(0xFFFF);
+        *__ctype_b_loc() = m_table.data() + 128; // the table begins with the byte -128
+    }
+    ~LocaleOfLetters() { *__ctype_b_loc() = m_before; }
+    LocaleOfLetters(const LocaleOfLetters&) = delete;
+    LocaleOfLetters& operator=(const LocaleOfLetters&) = delete;
+
+  private:
+    std::array<unsigned short, 384> m_table{};
+    const unsigned short* m_before;
+};
+
+TEST(DomainName, HasTheSameCharactersInEveryLocale)
+{
+    std::string first, later;
+    bool isSuchALocale = false;
+    {
+        const LocaleOfLetters locale;
+        isSuchALocale = std::isalpha('_') != 0 && std::isalnum(0xE4) != 0;
+        for (int byte = 0; byte < 256; ++byte) {
+            const char c = static_cast<char>(byte);
+            if (isValidDomainName(String(&c, 1)))
+                first += c;
+            const char name[] = {'a', c};
+            if (isValidDomainName(String(name, sizeof name)))
+                later += c;
+        }
+    }
+    EXPECT_TRUE(isSuchALocale);
+    EXPECT_EQ(first, letters);
+    EXPECT_EQ(later, "-.0123456789" + letters);
 }
 
 TEST(DomainName, IsNotEmpty)
