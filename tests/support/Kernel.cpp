@@ -140,12 +140,13 @@ int interfaceRequest(World& world, unsigned long number, ifreq& request)
     return answer(found->second, number, request);
 }
 
+// The number is recorded in all its digits: where it has 64 bits, a code that was extended by its sign shows.
 int packetFilterRequest(World& world, unsigned long number, const void* argument)
 {
     std::uint32_t value = 0;
     std::memcpy(&value, argument, sizeof value);
     char text[64];
-    std::snprintf(text, sizeof text, "ioctl /dev/kv_netfilter 0x%08lX %u", number & 0xFFFFFFFFUL, value);
+    std::snprintf(text, sizeof text, "ioctl /dev/kv_netfilter 0x%08lX %u", number, value);
     world.record(fakes::Kernel, text);
     if (const auto code = world.failureOf("ioctl", text)) {
         errno = *code;
