@@ -11,7 +11,8 @@ namespace dscp
 /// Whether marking is switched on: 1 or 0. The keys of the four flows stand in MarkingFlow.cpp.
 constexpr const char* enabledKey = "KLonKLEnabled";
 
-/// Reads one value. Returns 0, or the platform's status on failure; `value` then keeps what it held.
+/// Reads one value. Returns 0, or the platform's status on failure; `value` then keeps what it held, unless
+/// the registry has left something else there.
 unsigned int readSetting(const char* key, std::uint16_t& value);
 
 /// Writes one value, creating it if needed. Returns 0, or the platform's status on failure.

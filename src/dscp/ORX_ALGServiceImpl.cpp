@@ -56,6 +56,7 @@ void logWritten(unsigned int failures, const MarkingFlow& flow, const Marking& m
     }
 }
 
+// Intended: what a failed read leaves behind, 0 as a rule, is compared with the object like a stored value.
 std::uint16_t readLogged(const char* key, const char* name)
 {
     std::uint16_t stored = 0;

@@ -25,6 +25,7 @@ void loadEnabled(ORX_ALGService& service)
                          "ORX_ALGServiceImplInstanceManager::init(): failed to create and write default "
                          "KLonKLEnabled into the PDR, rc: 0x%08X\n",
                          writeRc);
+        value = 0; // whatever the registry may have left there
     }
     service.setKLonKLEnabled(value != 0);
 }
@@ -32,10 +33,12 @@ void loadEnabled(ORX_ALGService& service)
 std::uint16_t readLogged(const char* key, const char* name)
 {
     std::uint16_t value = 0;
-    if (const unsigned int rc = dscp::readSetting(key, value); rc != 0)
+    if (const unsigned int rc = dscp::readSetting(key, value); rc != 0) {
         dscLogFormat(DscLogError,
                      "ORX_ALGServiceImplInstanceManager:init(): failed to read %s from the PDR, rc: 0x%08X\n",
                      name, rc);
+        return 0; // whatever the registry may have left there
+    }
     return value;
 }
 

@@ -175,6 +175,32 @@ TEST_P(EachFlow, AMenuValueThatCannotBeReadCountsAsZero)
     expectStored(flow, {get(flow.menuKey), logged(1, formatted(flow.menuRead, 11))});
 }
 
+TEST_P(EachFlow, WhatAFailedReadOfTheMenuValueLeavesBehindIsComparedLikeAStoredOne)
+{
+    setMenu(service, flow, fixed);
+    world.failedReadLeaves = fixed;
+    failRead(flow.menuKey, 11);
+    expectStored(flow, {get(flow.menuKey), logged(1, formatted(flow.menuRead, 11))});
+
+    world.clearJournal();
+    setMenu(service, flow, 0);
+    failRead(flow.menuKey, 11);
+    expectStored(flow,
+                 {get(flow.menuKey), logged(1, formatted(flow.menuRead, 11)), set(flow.menuKey, 0),
+                  set(flow.tosByteKey, 0), logged(8, formatted(flow.bothWritten, 0, 0)),
+                  logged(8, formatted(flow.tosByteWritten, 0)), logged(8, formatted(flow.menuWritten, 0))});
+}
+
+TEST_P(EachFlow, WhatAFailedReadOfACustomTosByteLeavesBehindIsComparedLikeAStoredOne)
+{
+    store(flow.menuKey, custom);
+    setMenu(service, flow, custom);
+    setTosByte(service, flow, customTosByte);
+    world.failedReadLeaves = customTosByte;
+    failRead(flow.tosByteKey, 11);
+    expectStored(flow, {get(flow.menuKey), get(flow.tosByteKey), logged(1, formatted(flow.tosByteRead, 11))});
+}
+
 TEST_P(EachFlow, AReadAndBothWritesThatFailAreAllLogged)
 {
     setMenu(service, flow, custom);

@@ -272,6 +272,42 @@ TEST_F(Loading, ACustomTosByteThatIsAbsentOrUnreadableIsZero)
     }
 }
 
+TEST_F(Loading, WhatAFailedReadLeavesBehindIsNotTaken)
+{
+    world.failAll("KvuGetRegEntryUint16Ex", 11);
+    for (const std::uint16_t left : std::initializer_list<std::uint16_t>{1, 258}) {
+        world.failedReadLeaves = left;
+        world.clearJournal();
+        EXPECT_EQ(ORX_ALGServiceImplInstanceManager().init(), 0u);
+        EXPECT_EQ(world.journal(),
+                  (start + Lines{get("KLonKLEnabled"), enabledNotRead(11), set("KLonKLEnabled", 0)} +
+                   Lines{get("voipsigmenu"), logged(1, formatted(flowTexts[0].initMenuRead, 11)),
+                         get("voicemediamenu"), logged(1, formatted(flowTexts[1].initMenuRead, 11)),
+                         get("videomediamenu"), logged(1, formatted(flowTexts[2].initMenuRead, 11)),
+                         get("faxmediamenu"), logged(1, formatted(flowTexts[3].initMenuRead, 11))}));
+        EXPECT_FALSE(valueOf(theService(), &ORX_ALGService::getKLonKLEnabled));
+        for (const FlowTexts& flow : flowTexts) {
+            EXPECT_EQ(valueOf(theService(), flow.getMenu), 0) << flow.name;
+            EXPECT_EQ(valueOf(theService(), flow.getTosByte), 0) << flow.name;
+        }
+        delete &theService();
+    }
+}
+
+TEST_F(Loading, WhatAFailedReadOfACustomTosByteLeavesBehindIsNotTaken)
+{
+    world.failedReadLeaves = 46;
+    for (const FlowTexts& flow : flowTexts) {
+        store(flow.menuKey, 258);
+        world.failNth(1, "KvuGetRegEntryUint16Ex", 11, flow.tosByteKey);
+    }
+    EXPECT_EQ(load(), 0u);
+    for (const FlowTexts& flow : flowTexts) {
+        EXPECT_EQ(valueOf(theService(), flow.getMenu), 258) << flow.name;
+        EXPECT_EQ(valueOf(theService(), flow.getTosByte), 0) << flow.name;
+    }
+}
+
 /// Records the order in which it is filled; its last setter refuses.
 class WatchedService : public ORX_ALGServiceImpl
 {

@@ -186,6 +186,23 @@ TEST_F(Switching, AnUnreadableSwitchCountsAsOff)
                presetsOfOn));
 }
 
+TEST_F(Switching, WhatAFailedReadOfTheSwitchLeavesBehindIsComparedLikeAStoredOne)
+{
+    store("KLonKLEnabled", 0);
+    world.failedReadLeaves = 1;
+    world.failNth(1, "KvuGetRegEntryUint16Ex", 11, "KLonKLEnabled");
+    switchTo(true);
+    EXPECT_EQ(world.journal(),
+              (Lines{get("KLonKLEnabled"), logged(1, formatted(enabledRead, 11))} + flowsUntouched));
+
+    world.clearJournal();
+    world.failNth(1, "KvuGetRegEntryUint16Ex", 11, "KLonKLEnabled");
+    switchTo(false);
+    EXPECT_EQ(world.journal(),
+              (Lines{get("KLonKLEnabled"), logged(1, formatted(enabledRead, 11)), set("KLonKLEnabled", 0)} +
+               presetsOfOff));
+}
+
 TEST_F(Switching, AStoredNumberThatIsNeitherOnNorOffIsReplaced)
 {
     store("KLonKLEnabled", 2);
