@@ -4,6 +4,7 @@
 #include "ORX_ALGService.hpp"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace dscp
@@ -23,8 +24,8 @@ struct Marking {
 struct MarkingFlow {
     using Setter = ORX_ALGService::Status (ORX_ALGService::*)(std::uint16_t);
 
-    const char* menuKey;    ///< names of the registry values
-    const char* tosByteKey; ///<
+    const char* menuKey;    ///< name of the menu's registry value
+    const char* tosByteKey; ///< name of the TOS byte's registry value
     Setter setMenu;
     Setter setTosByte;
     std::uint16_t presetEnabled; ///< menu and TOS byte when KLonKLEnabled turns true

@@ -102,6 +102,7 @@ void discardService(ORX_ALGService& service)
 
 void checkLength(const dscp::ServiceProperty& property, const CIMValue& value)
 {
+    // Characters, as the class's MaxLen counts them: a name in Greek letters has twice as many bytes.
     if (property.maxLength == 0 || value.toString().UTF8Length() <= property.maxLength)
         return;
     const String limit(OpenWBEM::UInt32(property.maxLength));

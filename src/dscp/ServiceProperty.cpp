@@ -25,10 +25,10 @@ using Getter = Service::Status (Service::*)(Type&, Qualifiers&) const;
 template <typename Type>
 using Setter = Service::Status (Service::*)(Type);
 
-// Readers, named after the CIM type that they make.
+// Readers, named after the CIM type or property that they make.
 
 template <Getter<std::string> get>
-Value string(const Service& service, Qualifiers& qualifiers)
+Value readString(const Service& service, Qualifiers& qualifiers)
 {
     std::string text;
     if ((service.*get)(text, qualifiers) != Service::Done)
@@ -37,7 +37,7 @@ Value string(const Service& service, Qualifiers& qualifiers)
 }
 
 template <Getter<bool> get>
-Value boolean(const Service& service, Qualifiers& qualifiers)
+Value readBoolean(const Service& service, Qualifiers& qualifiers)
 {
     bool flag = false;
     if ((service.*get)(flag, qualifiers) != Service::Done)
@@ -46,7 +46,7 @@ Value boolean(const Service& service, Qualifiers& qualifiers)
 }
 
 template <Getter<std::uint16_t> get>
-Value uint16(const Service& service, Qualifiers& qualifiers)
+Value readUint16(const Service& service, Qualifiers& qualifiers)
 {
     std::uint16_t number = 0;
     if ((service.*get)(number, qualifiers) != Service::Done)
@@ -55,7 +55,7 @@ Value uint16(const Service& service, Qualifiers& qualifiers)
 }
 
 template <Getter<std::string> get>
-Value datetime(const Service& service, Qualifiers& qualifiers)
+Value readDatetime(const Service& service, Qualifiers& qualifiers)
 {
     std::string text;
     if ((service.*get)(text, qualifiers) != Service::Done)
@@ -63,7 +63,7 @@ Value datetime(const Service& service, Qualifiers& qualifiers)
     return CIMValue(CIMDateTime(String(text.c_str())));
 }
 
-Value operationalStatus(const Service& service, Qualifiers& qualifiers)
+Value readOperationalStatus(const Service& service, Qualifiers& qualifiers)
 {
     std::vector<std::uint16_t> numbers;
     std::uint16_t unused = 0;
@@ -72,7 +72,7 @@ Value operationalStatus(const Service& service, Qualifiers& qualifiers)
     return CIMValue(OpenWBEM::UInt16Array(numbers.begin(), numbers.end()));
 }
 
-Value statusDescriptions(const Service& service, Qualifiers& qualifiers)
+Value readStatusDescriptions(const Service& service, Qualifiers& qualifiers)
 {
     std::vector<std::string> texts;
     if (service.getStatusDescriptions(texts, qualifiers) != Service::Done)
@@ -86,19 +86,19 @@ Value statusDescriptions(const Service& service, Qualifiers& qualifiers)
 // Writers.
 
 template <Setter<std::string> set>
-Service::Status toString(Service& service, const CIMValue& value)
+Service::Status writeString(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toString().c_str());
 }
 
 template <Setter<bool> set>
-Service::Status toBoolean(Service& service, const CIMValue& value)
+Service::Status writeBoolean(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toBool());
 }
 
 template <Setter<std::uint16_t> set>
-Service::Status toUint16(Service& service, const CIMValue& value)
+Service::Status writeUint16(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toUInt16());
 }
@@ -110,36 +110,36 @@ constexpr std::size_t unlimited = 0;
 
 const std::array<ServiceProperty, 30> serviceProperties = {{
     // clang-format off
-    {"SystemCreationClassName", string<&Service::getSystemCreationClassName>, readOnly, unlimited},
-    {"SystemName", string<&Service::getSystemName>, readOnly, unlimited},
-    {"CreationClassName", string<&Service::getCreationClassName>, readOnly, unlimited},
-    {"Name", string<&Service::getName>, readOnly, unlimited},
-    {"ElementName", string<&Service::getElementName>, readOnly, unlimited},
-    {"KLonKLEnabled", boolean<&Service::getKLonKLEnabled>, toBoolean<&Service::setKLonKLEnabled>, unlimited},
-    {"QoSMarkVOIPSignaling", uint16<&Service::getQoSMarkVOIPSignaling>, toUint16<&Service::setQoSMarkVOIPSignaling>, unlimited},
-    {"TOSByteSignaling", uint16<&Service::getTOSByteSignaling>, toUint16<&Service::setTOSByteSignaling>, unlimited},
-    {"QoSMarkVoiceMedia", uint16<&Service::getQoSMarkVoiceMedia>, toUint16<&Service::setQoSMarkVoiceMedia>, unlimited},
-    {"TOSByteMedia", uint16<&Service::getTOSByteMedia>, toUint16<&Service::setTOSByteMedia>, unlimited},
-    {"QoSMarkVideoMedia", uint16<&Service::getQoSMarkVideoMedia>, toUint16<&Service::setQoSMarkVideoMedia>, unlimited},
-    {"TOSByteVideoMedia", uint16<&Service::getTOSByteVideoMedia>, toUint16<&Service::setTOSByteVideoMedia>, unlimited},
-    {"videoMediaVisible", uint16<&Service::getvideoMediaVisible>, readOnly, unlimited},
-    {"QoSFaxMedia", uint16<&Service::getQoSFaxMedia>, toUint16<&Service::setQoSFaxMedia>, unlimited},
-    {"TOSByteFax", uint16<&Service::getTOSByteFax>, toUint16<&Service::setTOSByteFax>, unlimited},
-    {"PrimaryOwnerName", string<&Service::getPrimaryOwnerName>, toString<&Service::setPrimaryOwnerName>, 64},
-    {"PrimaryOwnerContact", string<&Service::getPrimaryOwnerContact>, toString<&Service::setPrimaryOwnerContact>, 256},
-    {"StartMode", string<&Service::getStartMode>, readOnly, unlimited},
-    {"Started", boolean<&Service::getStarted>, readOnly, unlimited},
-    {"EnabledState", uint16<&Service::getEnabledState>, readOnly, unlimited},
-    {"OtherEnabledState", string<&Service::getOtherEnabledState>, readOnly, unlimited},
-    {"RequestedState", uint16<&Service::getRequestedState>, readOnly, unlimited},
-    {"EnabledDefault", uint16<&Service::getEnabledDefault>, toUint16<&Service::setEnabledDefault>, unlimited},
-    {"TimeOfLastStateChange", datetime<&Service::getTimeOfLastStateChange>, readOnly, unlimited},
-    {"InstallDate", datetime<&Service::getInstallDate>, readOnly, unlimited},
-    {"OperationalStatus", operationalStatus, readOnly, unlimited},
-    {"StatusDescriptions", statusDescriptions, readOnly, unlimited},
-    {"Status", string<&Service::getStatus>, readOnly, unlimited},
-    {"Caption", string<&Service::getCaption>, readOnly, unlimited},
-    {"Description", string<&Service::getDescription>, readOnly, unlimited},
+    {"SystemCreationClassName", readString<&Service::getSystemCreationClassName>, readOnly, unlimited},
+    {"SystemName", readString<&Service::getSystemName>, readOnly, unlimited},
+    {"CreationClassName", readString<&Service::getCreationClassName>, readOnly, unlimited},
+    {"Name", readString<&Service::getName>, readOnly, unlimited},
+    {"ElementName", readString<&Service::getElementName>, readOnly, unlimited},
+    {"KLonKLEnabled", readBoolean<&Service::getKLonKLEnabled>, writeBoolean<&Service::setKLonKLEnabled>, unlimited},
+    {"QoSMarkVOIPSignaling", readUint16<&Service::getQoSMarkVOIPSignaling>, writeUint16<&Service::setQoSMarkVOIPSignaling>, unlimited},
+    {"TOSByteSignaling", readUint16<&Service::getTOSByteSignaling>, writeUint16<&Service::setTOSByteSignaling>, unlimited},
+    {"QoSMarkVoiceMedia", readUint16<&Service::getQoSMarkVoiceMedia>, writeUint16<&Service::setQoSMarkVoiceMedia>, unlimited},
+    {"TOSByteMedia", readUint16<&Service::getTOSByteMedia>, writeUint16<&Service::setTOSByteMedia>, unlimited},
+    {"QoSMarkVideoMedia", readUint16<&Service::getQoSMarkVideoMedia>, writeUint16<&Service::setQoSMarkVideoMedia>, unlimited},
+    {"TOSByteVideoMedia", readUint16<&Service::getTOSByteVideoMedia>, writeUint16<&Service::setTOSByteVideoMedia>, unlimited},
+    {"videoMediaVisible", readUint16<&Service::getvideoMediaVisible>, readOnly, unlimited},
+    {"QoSFaxMedia", readUint16<&Service::getQoSFaxMedia>, writeUint16<&Service::setQoSFaxMedia>, unlimited},
+    {"TOSByteFax", readUint16<&Service::getTOSByteFax>, writeUint16<&Service::setTOSByteFax>, unlimited},
+    {"PrimaryOwnerName", readString<&Service::getPrimaryOwnerName>, writeString<&Service::setPrimaryOwnerName>, 64},
+    {"PrimaryOwnerContact", readString<&Service::getPrimaryOwnerContact>, writeString<&Service::setPrimaryOwnerContact>, 256},
+    {"StartMode", readString<&Service::getStartMode>, readOnly, unlimited},
+    {"Started", readBoolean<&Service::getStarted>, readOnly, unlimited},
+    {"EnabledState", readUint16<&Service::getEnabledState>, readOnly, unlimited},
+    {"OtherEnabledState", readString<&Service::getOtherEnabledState>, readOnly, unlimited},
+    {"RequestedState", readUint16<&Service::getRequestedState>, readOnly, unlimited},
+    {"EnabledDefault", readUint16<&Service::getEnabledDefault>, writeUint16<&Service::setEnabledDefault>, unlimited},
+    {"TimeOfLastStateChange", readDatetime<&Service::getTimeOfLastStateChange>, readOnly, unlimited},
+    {"InstallDate", readDatetime<&Service::getInstallDate>, readOnly, unlimited},
+    {"OperationalStatus", readOperationalStatus, readOnly, unlimited},
+    {"StatusDescriptions", readStatusDescriptions, readOnly, unlimited},
+    {"Status", readString<&Service::getStatus>, readOnly, unlimited},
+    {"Caption", readString<&Service::getCaption>, readOnly, unlimited},
+    {"Description", readString<&Service::getDescription>, readOnly, unlimited},
     // clang-format on
 }};
 
