@@ -1,3 +1,4 @@
+#include "FlowTexts.hpp"
 #include "ProviderTest.hpp"
 
 #include "CFG_Exception.hpp"
@@ -12,13 +13,17 @@ namespace
 using dscptest::operator+;
 using dscptest::CimFailure;
 using dscptest::failureOf;
+using dscptest::flowTexts;
+using dscptest::formatted;
 using dscptest::FullService;
 using dscptest::get;
 using dscptest::instance;
 using dscptest::keys;
 using dscptest::Lines;
+using dscptest::logged;
 using dscptest::path;
 using dscptest::ProgrammedManager;
+using dscptest::set;
 using dscptest::startUpKeys;
 using dscptest::text;
 using dscptest::uint16;
@@ -59,6 +64,77 @@ TEST_F(ProviderCreate, ANewServiceJoinsTheOneOfTheServer)
                "uint16:videoMediaVisible=1", "uint16:QoSFaxMedia=0", "uint16:TOSByteFax=0"}));
     EXPECT_EQ(world.journal(), (Lines{get("KLonKLEnabled"), get("voipsigmenu"), get("voicemediamenu"),
                                       get("videomediamenu"), get("faxmediamenu")}));
+}
+
+TEST_F(ProviderCreate, ANewServiceHasAPathOfItsOneClassWhateverTheInstanceIsOf)
+{
+    initialize();
+    OpenWBEM::CIMInstance another = instance(keys("A", "B", "C", "D"));
+    another.setClassName("Another_Class");
+    EXPECT_EQ(
+        createInstance(another),
+        "/root/cimv2:ORX_ALGService.SystemCreationClassName=\"A\",SystemName=\"B\",CreationClassName=\"C\","
+        "Name=\"D\"");
+}
+
+/// A server whose registry holds markings, with the start-up service built and an empty journal.
+class ProviderCreateOnAMarkedServer : public ProviderCreate
+{
+  protected:
+    void initializeWith(bool enabled)
+    {
+        store("KLonKLEnabled", enabled ? 1 : 0);
+        store("voipsigmenu", 258);
+        store("voipsigtosbyte", 46);
+        store("voicemediamenu", 188);
+        store("videomediamenu", 140);
+        store("faxmediamenu", 0);
+        provider.initialize(env);
+        world.clearJournal();
+    }
+
+    static Lines written(const dscptest::FlowTexts& flow, unsigned int value)
+    {
+        return {get(flow.menuKey),
+                set(flow.menuKey, value),
+                set(flow.tosByteKey, value),
+                logged(8, formatted(flow.bothWritten, value, value)),
+                logged(8, formatted(flow.tosByteWritten, value)),
+                logged(8, formatted(flow.menuWritten, value))};
+    }
+};
+
+TEST_F(ProviderCreateOnAMarkedServer, ANewServiceSwitchesMarkingOffAndBringsThePresets)
+{
+    initializeWith(true);
+    createInstance(instance(keys("A", "B", "C", "D")));
+    EXPECT_EQ(world.journal(),
+              (Lines{get("KLonKLEnabled"), set("KLonKLEnabled", 0)} + written(flowTexts[0], 160) +
+               written(flowTexts[1], 184) + written(flowTexts[2], 136) + written(flowTexts[3], 184)));
+}
+
+TEST_F(ProviderCreateOnAMarkedServer, WhereMarkingIsOffANewServiceClearsTheStoredMarkings)
+{
+    initializeWith(false);
+    createInstance(instance(keys("A", "B", "C", "D")));
+    EXPECT_EQ(world.journal(),
+              (Lines{get("KLonKLEnabled")} + written(flowTexts[0], 0) + written(flowTexts[1], 0) +
+               written(flowTexts[2], 0) + Lines{get("faxmediamenu")}));
+    const OpenWBEM::CIMInstance atTheStart = getInstance(path(startUpKeys()));
+    EXPECT_EQ(atTheStart.getPropertyValue("QoSMarkVOIPSignaling"), uint16(258))
+        << "the first one is as it was";
+}
+
+TEST_F(ProviderCreateOnAMarkedServer, ANewServiceLikeTheRegistryOnlyReadsIt)
+{
+    initializeWith(true);
+    createInstance(instance(keys("A", "B", "C", "D") + Values{{"KLonKLEnabled", dscptest::boolean(true)},
+                                                              {"QoSMarkVOIPSignaling", uint16(258)},
+                                                              {"TOSByteSignaling", uint16(46)},
+                                                              {"QoSMarkVoiceMedia", uint16(188)},
+                                                              {"QoSMarkVideoMedia", uint16(140)}}));
+    EXPECT_EQ(world.journal(), (Lines{get("KLonKLEnabled"), get("voipsigmenu"), get("voipsigtosbyte"),
+                                      get("voicemediamenu"), get("videomediamenu"), get("faxmediamenu")}));
 }
 
 TEST_F(ProviderCreate, MissingAndNullKeysAreEmpty)

@@ -1,3 +1,4 @@
+#include "FlowTexts.hpp"
 #include "ProviderTest.hpp"
 
 #include "CFG_Exception.hpp"
@@ -7,6 +8,7 @@
 namespace
 {
 
+using dscptest::operator+;
 using dscptest::CimFailure;
 using dscptest::failureOf;
 using dscptest::get;
@@ -66,6 +68,24 @@ TEST_F(ProviderDelete, OnlyTheNamedServiceIsDeleted)
     deleteInstance(path(keys("A", "B", "C", "D")));
     EXPECT_EQ(enumInstanceNames(), Lines{"/root/cimv2:ORX_ALGService.SystemCreationClassName=\"SCCN\","
                                          "SystemName=\"SN\",CreationClassName=\"CCN\",Name=\"Name\""});
+}
+
+TEST_F(ProviderDelete, TheServicesThatRemainGoOnLoggingUnderTheHandleOfTheEndedModule)
+{
+    initialize();
+    createInstance(instance(keys("A", "B", "C", "D")));
+    world.clearJournal();
+    deleteInstance(path(startUpKeys()));
+    modifyInstance(instance(keys("A", "B", "C", "D") + Values{{"QoSFaxMedia", uint16(188)}}));
+    const dscptest::FlowTexts& fax = dscptest::flowTexts[3];
+    // An entry under another handle would be a problem that fails the test.
+    EXPECT_EQ(world.journal(),
+              (Lines{"KvuDiagDeregisterModule", get("KLonKLEnabled"), get("voipsigmenu"),
+                     get("voicemediamenu"), get("videomediamenu"), get("faxmediamenu"),
+                     dscptest::set("faxmediamenu", 188), dscptest::set("faxmediatosbyte", 188),
+                     dscptest::logged(8, dscptest::formatted(fax.bothWritten, 188, 188)),
+                     dscptest::logged(8, dscptest::formatted(fax.tosByteWritten, 188)),
+                     dscptest::logged(8, dscptest::formatted(fax.menuWritten, 188))}));
 }
 
 TEST_F(ProviderDelete, APathThatNamesNothingIsNotFound)

@@ -88,6 +88,14 @@ TEST_F(ProviderEnumeration, InstancesCarryWhatTheServiceSupports)
     EXPECT_EQ(world.journal(), Lines());
 }
 
+TEST_F(ProviderEnumeration, InstancesAreOfTheirOneClassWhateverIsAskedFor)
+{
+    initialize();
+    const std::vector<CIMInstance> found = enumInstances("Another_Class");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_STREQ(found[0].getClassName().c_str(), "ORX_ALGService");
+}
+
 TEST_F(ProviderEnumeration, APropertyThatALaterServiceLacksKeepsTheEarlierOnesValue)
 {
     const FullService first("A", "", "", "");

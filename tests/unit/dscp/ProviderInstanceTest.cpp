@@ -112,6 +112,14 @@ TEST_F(ProviderInstance, AnUnsupportedPropertyIsLeftOutWhateverItsStatus)
     }
 }
 
+TEST_F(ProviderInstance, AnInstanceIsOfItsOneClassWhateverThePathSays)
+{
+    initialize();
+    OpenWBEM::CIMObjectPath another = path(startUpKeys());
+    another.setClassName("Another_Class");
+    EXPECT_STREQ(getInstance(another).getClassName().c_str(), "ORX_ALGService");
+}
+
 TEST_F(ProviderInstance, AKeyThatTheServiceDoesNotGiveIsLeftOutOfTheInstance)
 {
     FullService service("A", "B", "C", "D");

@@ -194,10 +194,10 @@ class Names : public OpenWBEM::CIMObjectPathResultHandlerIFC
 
 } // namespace
 
-std::vector<CIMInstance> ProviderTest::enumInstances()
+std::vector<CIMInstance> ProviderTest::enumInstances(const std::string& className)
 {
     Instances result;
-    provider.enumInstances(env, "root/cimv2", "ORX_ALGService", result, Flags::E_NOT_LOCAL_ONLY,
+    provider.enumInstances(env, "root/cimv2", className.c_str(), result, Flags::E_NOT_LOCAL_ONLY,
                            Flags::E_DEEP, Flags::E_INCLUDE_QUALIFIERS, Flags::E_INCLUDE_CLASS_ORIGIN, nullptr,
                            OpenWBEM::CIMClass(CIMNULL), OpenWBEM::CIMClass(CIMNULL));
     return result.handled;

@@ -78,7 +78,7 @@ class ProviderTest : public ServiceTest
     void initialize();
 
     OpenWBEM::CIMInstance getInstance(const OpenWBEM::CIMObjectPath& path);
-    std::vector<OpenWBEM::CIMInstance> enumInstances();
+    std::vector<OpenWBEM::CIMInstance> enumInstances(const std::string& className = "ORX_ALGService");
     Lines enumInstanceNames(const std::string& ns = "root/cimv2",
                             const std::string& className = "ORX_ALGService");
     std::string createInstance(const OpenWBEM::CIMInstance& instance, const std::string& ns = "root/cimv2");

@@ -1,10 +1,15 @@
-// Other components call these classes through their virtual tables, so the order of the slots is part of the
-// interface.
+// Other components call these classes through their virtual tables, so the order of slots and bases is part
+// of the interface.
 
 #include "ServiceTest.hpp"
 
+#include "ORX_ALGServiceProvider.hpp"
+
+#include <cxxabi.h>
+
 #include <cstddef>
 #include <cstring>
+#include <typeinfo>
 
 namespace
 {
@@ -91,6 +96,21 @@ TEST(ServiceSlots, TheManagersOperationsStandInTheirOrder)
     };
     for (std::size_t i = 0; i < slots.size(); ++i)
         EXPECT_EQ(slots[i], i + 2) << "operation " << i;
+}
+
+TEST(ServiceSlots, TheProvidersBasesStandInTheirOrderAndTheFirstIsVirtual)
+{
+    const std::type_info& provider = typeid(ORX_ALGServiceProvider);
+    const auto* const description = dynamic_cast<const abi::__vmi_class_type_info*>(&provider);
+    ASSERT_NE(description, nullptr);
+    ASSERT_EQ(description->__base_count, 2u);
+    const abi::__base_class_type_info* const bases = description->__base_info;
+    EXPECT_EQ(*bases[0].__base_type, typeid(OpenWBEM::CppInstanceProviderIFC));
+    EXPECT_TRUE(bases[0].__is_virtual_p());
+    EXPECT_TRUE(bases[0].__is_public_p());
+    EXPECT_EQ(*bases[1].__base_type, typeid(OpenWBEM::CppMethodProviderIFC));
+    EXPECT_FALSE(bases[1].__is_virtual_p());
+    EXPECT_TRUE(bases[1].__is_public_p());
 }
 
 } // namespace
