@@ -22,7 +22,8 @@ const std::string unit = "ORX_LANEndpointProvider.cpp 1 ";
 class UnexpectedExceptions : public ProviderTest
 {
   protected:
-    /// Each operation, the text of its target, and what runs it so that `interruption` is called inside.
+    /// An operation, the text of its target, and what runs it. Each asks for the name of an endpoint, which
+    /// is where interruptWith breaks in.
     struct Operation {
         const char* name;
         String target;
@@ -127,10 +128,22 @@ TEST_F(UnexpectedExceptions, AValueOfTheWrongTypeIsSuchAnException)
 
 TEST_F(UnexpectedExceptions, ATextPropertyTakesAnyValueAsText)
 {
-    modifyInstance(instanceOf("eth1", {CIMProperty("Description", CIMValue(OpenWBEM::UInt16(1)))}));
-    EXPECT_EQ("ORX_LANEndpoint.cpp 1 Invalid IP address format",
-              failureOf([this] { modifyInstance(instanceOf("eth1", {property("IPAddress", 17)})); }));
-    EXPECT_EQ("string:Name=eth2", shown(getInstance("eth2"), "Name"));
+    const std::pair<CIMProperty, const char*> values[] = {
+        {property("IPAddress", 17), "dhcpIpInfoIsIPAddrValid 17"},
+        {CIMProperty("DefaultGateway", CIMValue(OpenWBEM::UInt16(1))), "dhcpIpInfoIsIPAddrValid 1"}};
+    for (const auto& [value, query] : values) {
+        const CIMInstance modified = instanceOf("eth1", {value});
+        EXPECT_EQ("ORX_LANEndpoint.cpp 1 Invalid IP address format",
+                  failureOf([&] { modifyInstance(modified); }));
+        EXPECT_EQ(query, world.journal(Dhcp).back());
+    }
+}
+
+TEST_F(UnexpectedExceptions, APropertyThatCannotBeChangedMayHaveAValueOfAnyType)
+{
+    modifyInstance(instanceOf("eth1", {property("Speed", "fast"), property("OperationalStatus", true),
+                                       CIMProperty("Description", CIMValue(OpenWBEM::UInt16(1)))}));
+    EXPECT_EQ(Lines{}, world.journal(Command | Notice | Log));
 }
 
 TEST_F(UnexpectedExceptions, AnExceptionOfTheResultHandlerIsOneToo)
