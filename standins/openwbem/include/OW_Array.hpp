@@ -68,11 +68,17 @@ class Array
 
     Array& operator+=(const T& value)
     {
-        m_items.push_back(value);
+        push_back(value);
         return *this;
     }
-    void push_back(const T& value) { m_items.push_back(value); }
-    void append(const T& value) { m_items.push_back(value); }
+    void push_back(const T& value)
+    {
+        if (m_items.capacity() == 0) {
+            m_items.reserve(16); // what most lists of a CIM object stay below
+        }
+        m_items.push_back(value);
+    }
+    void append(const T& value) { push_back(value); }
     void appendArray(const Array& other)
     {
         const Items added(other.m_items);

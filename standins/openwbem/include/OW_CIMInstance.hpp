@@ -19,7 +19,7 @@ class CIMInstance : public CIMElement
   public:
     CIMInstance();
     explicit CIMInstance(CIMNULL_t);
-    explicit CIMInstance(const CIMName& className);
+    explicit CIMInstance(CIMName className);
     explicit CIMInstance(const char* className);
 
     virtual void setNull();

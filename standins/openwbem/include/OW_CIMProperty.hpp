@@ -20,8 +20,8 @@ class CIMProperty : public CIMElement
     explicit CIMProperty(CIMNULL_t);
     explicit CIMProperty(const CIMName& name); // without a type
     explicit CIMProperty(const char* name);
-    CIMProperty(const CIMName& name, const CIMValue& value); // a null value throws
-    CIMProperty(const CIMName& name, const CIMDataType& dataType);
+    CIMProperty(CIMName name, const CIMValue& value); // a null value throws
+    CIMProperty(CIMName name, const CIMDataType& dataType);
 
     virtual void setNull();
     virtual String getName() const;
@@ -58,6 +58,7 @@ class CIMProperty : public CIMElement
 
   private:
     struct Data;
+    friend const CIMName& nameOf(const CIMProperty& property); // unlike getName() without a copy
     COWReference<Data> m_data;
 };
 

@@ -2,9 +2,13 @@
 #define OW_COW_REFERENCE_HPP_
 
 #include <atomic>
+#include <utility>
 
 namespace OpenWBEM
 {
+
+// What using a null object throws. The class is internal: callers catch Exception.
+[[noreturn]] void throwNullReference();
 
 // What the handles of one CIM object share.
 class COWCountable
@@ -27,18 +31,57 @@ class COWHandle
 {
   public:
     COWHandle() noexcept : m_data(0) {}
-    explicit COWHandle(COWCountable* data) noexcept;
-    COWHandle(const COWHandle& other) noexcept;
-    COWHandle& operator=(const COWHandle& other) noexcept;
-    ~COWHandle();
+    explicit COWHandle(COWCountable* data) noexcept : m_data(data) // which has no handle yet
+    {
+        if (m_data) {
+            m_data->m_count.store(1, std::memory_order_relaxed);
+        }
+    }
+    COWHandle(const COWHandle& other) noexcept : m_data(other.m_data)
+    {
+        if (m_data) {
+            m_data->m_count.fetch_add(1, std::memory_order_relaxed);
+        }
+    }
+    COWHandle(COWHandle&& other) noexcept : m_data(other.m_data) { other.m_data = 0; }
+    COWHandle& operator=(const COWHandle& other) noexcept
+    {
+        COWHandle(other).swap(*this);
+        return *this;
+    }
+    COWHandle& operator=(COWHandle&& other) noexcept
+    {
+        swap(other);
+        return *this;
+    }
+    ~COWHandle()
+    {
+        // Nobody can make another handle from the only one, so that one needs no atomic step.
+        if (m_data &&
+            (m_data->m_count.load(std::memory_order_acquire) == 1 || m_data->m_count.fetch_sub(1) == 1)) {
+            delete m_data;
+        }
+    }
 
     bool isNull() const { return m_data == 0; }
     void setNull() { COWHandle().swap(*this); }
-    void swap(COWHandle& other) noexcept;
+    void swap(COWHandle& other) noexcept { std::swap(m_data, other.m_data); }
 
   protected:
-    const COWCountable& shared() const; // throws on null
-    COWCountable& unshared();           // throws on null
+    const COWCountable& shared() const // throws on null
+    {
+        if (!m_data) {
+            throwNullReference();
+        }
+        return *m_data;
+    }
+    COWCountable& unshared() // throws on null
+    {
+        if (shared().m_count > 1) {
+            COWHandle(m_data->clone()).swap(*this);
+        }
+        return *m_data;
+    }
 
   private:
     COWCountable* m_data;

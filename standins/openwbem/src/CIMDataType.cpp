@@ -1,6 +1,7 @@
 #include "COWData.hpp"
 #include "OW_CIMDataType.hpp"
 #include <iterator>
+#include <vector>
 
 namespace OpenWBEM
 {
@@ -34,11 +35,25 @@ struct CIMDataType::Data : COWData<Data> {
     CIMName refClassName;
 };
 
-CIMDataType::CIMDataType() : m_data(new Data(CIMNULL)) {}
+// What all types that are no arrays and refer to no class share.
+const COWReference<CIMDataType::Data>& CIMDataType::plain(Type type)
+{
+    static const std::vector<COWReference<Data>> all = [] {
+        std::vector<COWReference<Data>> made;
+        for (int each = CIMNULL; each < MAXDATATYPE; ++each) {
+            made.emplace_back(new Data(static_cast<Type>(each)));
+        }
+        return made;
+    }();
+    static const COWReference<Data> invalid(new Data(INVALID));
+    return type < MAXDATATYPE ? all[type] : invalid;
+}
+
+CIMDataType::CIMDataType() : m_data(plain(CIMNULL)) {}
 
 CIMDataType::CIMDataType(CIMNULL_t) {}
 
-CIMDataType::CIMDataType(Type type) : m_data(new Data(type)) {}
+CIMDataType::CIMDataType(Type type) : m_data(plain(type)) {}
 
 CIMDataType::CIMDataType(Type type, Int32 arraySize) : m_data(new Data(type))
 {

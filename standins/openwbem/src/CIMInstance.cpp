@@ -2,6 +2,7 @@
 #include "MofText.hpp"
 #include "NamedElements.hpp"
 #include "OW_CIMClass.hpp"
+#include <utility>
 
 namespace OpenWBEM
 {
@@ -20,9 +21,9 @@ CIMInstance::CIMInstance() : m_data(new Data) {}
 
 CIMInstance::CIMInstance(CIMNULL_t) {}
 
-CIMInstance::CIMInstance(const CIMName& className) : m_data(new Data)
+CIMInstance::CIMInstance(CIMName className) : m_data(new Data)
 {
-    m_data.write().className = className;
+    m_data.write().className = std::move(className);
 }
 
 CIMInstance::CIMInstance(const char* className) : CIMInstance(CIMName(className)) {}

@@ -3,14 +3,21 @@
 #include "NamedElements.hpp"
 #include "OW_CIMProperty.hpp"
 #include "OW_CIMValueCast.hpp"
+#include <utility>
 
 namespace OpenWBEM
 {
 
 struct CIMProperty::Data : COWData<CIMProperty::Data> {
+    Data() : value(CIMNULL) {}
+    Data(CIMName itsName, const CIMDataType& type, const CIMValue& content)
+        : name(std::move(itsName)), dataType(type), value(content)
+    {
+    }
+
     CIMName name;
     CIMDataType dataType;
-    CIMValue value = CIMValue(CIMNULL);
+    CIMValue value;
     CIMQualifierArray qualifiers;
     CIMName originClass;
     bool propagated = false;
@@ -39,22 +46,18 @@ CIMProperty::CIMProperty() : m_data(new Data) {}
 
 CIMProperty::CIMProperty(CIMNULL_t) {}
 
-CIMProperty::CIMProperty(const CIMName& name) : m_data(new Data)
-{
-    m_data.write().name = name;
-}
+CIMProperty::CIMProperty(const CIMName& name) : CIMProperty(name, CIMDataType()) {}
 
 CIMProperty::CIMProperty(const char* name) : CIMProperty(CIMName(name)) {}
 
-CIMProperty::CIMProperty(const CIMName& name, const CIMValue& value) : CIMProperty(name)
+CIMProperty::CIMProperty(CIMName name, const CIMValue& value)
+    : m_data(new Data(std::move(name), value.getCIMDataType(), value))
 {
-    m_data.write().dataType = value.getCIMDataType();
-    m_data.write().value = value;
 }
 
-CIMProperty::CIMProperty(const CIMName& name, const CIMDataType& dataType) : CIMProperty(name)
+CIMProperty::CIMProperty(CIMName name, const CIMDataType& dataType)
+    : m_data(new Data(std::move(name), dataType, CIMValue(CIMNULL)))
 {
-    m_data.write().dataType = dataType;
 }
 
 void CIMProperty::setNull()
@@ -65,6 +68,11 @@ void CIMProperty::setNull()
 String CIMProperty::getName() const
 {
     return m_data.read().name.toString();
+}
+
+const CIMName& nameOf(const CIMProperty& property)
+{
+    return property.m_data.read().name;
 }
 
 void CIMProperty::setName(const CIMName& name)
@@ -178,7 +186,8 @@ bool CIMProperty::hasTrueQualifier(const CIMName& name) const
 
 bool CIMProperty::isKey() const
 {
-    return isReference() || hasTrueQualifier(CIMQualifier::CIM_QUAL_KEY);
+    const bool isQualified = !m_data.read().qualifiers.empty();
+    return isReference() || (isQualified && hasTrueQualifier(CIMQualifier::CIM_QUAL_KEY));
 }
 
 bool CIMProperty::isReference() const

@@ -1,5 +1,4 @@
 #include "CIMValueData.hpp"
-#include "NullReference.hpp"
 #include "OW_CIMException.hpp"
 
 namespace OpenWBEM
@@ -155,9 +154,7 @@ CIMDataType CIMValue::getCIMDataType() const
 
 bool CIMValue::isArray() const
 {
-    return std::visit(
-        [](const auto& content) { return bool(IsArray<std::decay_t<decltype(content)>>::value); },
-        m_data.read().content);
+    return m_data.read().content.index() >= std::variant_size_v<CIMContent> / 2; // all arrays come last
 }
 
 UInt32 CIMValue::getArraySize() const

@@ -9,9 +9,9 @@ namespace
 
 enum class Pairing { shift, alternating };
 
-// Capital letters first to last, in ascending order, and how they reach their small ones: by a constant
-// distance, or, where capital and small letters alternate, by adding one to every letter as far from the
-// first as an even number.
+// Capital letters beyond ASCII, first to last, in ascending order, and how they reach their small ones: by a
+// constant distance, or, where capital and small letters alternate, by adding one to every letter as far from
+// the first as an even number.
 struct Capitals {
     uint32_t first;
     uint32_t last;
@@ -20,7 +20,6 @@ struct Capitals {
 };
 
 const Capitals CAPITALS[] = {
-    {'A', 'Z', Pairing::shift, 32},
     {0xC0, 0xD6, Pairing::shift, 32}, // Latin-1 but the multiplication sign
     {0xD8, 0xDE, Pairing::shift, 32},
     {0x100, 0x12E, Pairing::alternating, 1}, // Latin Extended-A but the two i of Turkish
@@ -47,8 +46,16 @@ const uint32_t LATIN_Y_DIAERESIS = 0xFF;
 const uint32_t GREEK_FINAL_SIGMA = 0x3C2;
 const uint32_t GREEK_SIGMA = 0x3C3;
 
+uint32_t foldAscii(uint32_t letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? letter + 32 : letter;
+}
+
 uint32_t fold(uint32_t letter)
 {
+    if (letter < 0x80) {
+        return foldAscii(letter);
+    }
     for (const Capitals& range : CAPITALS) {
         if (letter < range.first) {
             break;
@@ -112,8 +119,9 @@ uint32_t nextCharacter(const char*& text)
 int compareIgnoringCase(const char* lhs, const char* rhs)
 {
     while (true) {
-        const uint32_t left = fold(nextCharacter(lhs));
-        const uint32_t right = fold(nextCharacter(rhs));
+        const bool isAscii = static_cast<uint8_t>(*lhs) < 0x80 && static_cast<uint8_t>(*rhs) < 0x80;
+        const uint32_t left = isAscii ? foldAscii(static_cast<uint8_t>(*lhs++)) : fold(nextCharacter(lhs));
+        const uint32_t right = isAscii ? foldAscii(static_cast<uint8_t>(*rhs++)) : fold(nextCharacter(rhs));
         if (left != right) {
             return left < right ? -1 : 1;
         }

@@ -11,12 +11,18 @@
 namespace OpenWBEM
 {
 
+template <class Element>
+CIMName nameOf(const Element& element)
+{
+    return element.getName();
+}
+
 // The position of the element; the size of the list when there is none.
 template <class Element>
 size_t positionOf(const Array<Element>& elements, const CIMName& name)
 {
     size_t position = 0;
-    while (position < elements.size() && name != elements[position].getName()) {
+    while (position < elements.size() && name != nameOf(elements[position])) {
         ++position;
     }
     return position;
@@ -40,7 +46,7 @@ Element findElement(const Array<Element>& elements, const CIMName& name)
 template <class Element>
 void replaceOrAppend(Array<Element>& elements, const Element& element)
 {
-    const size_t position = positionOf(elements, element.getName());
+    const size_t position = positionOf(elements, nameOf(element));
     if (position < elements.size()) {
         elements[position] = element;
     } else {
@@ -51,7 +57,7 @@ void replaceOrAppend(Array<Element>& elements, const Element& element)
 template <class Element>
 void addNewElement(Array<Element>& elements, const Element& element)
 {
-    if (hasElement(elements, element.getName())) {
+    if (hasElement(elements, nameOf(element))) {
         throw CIMException(__FILE__, __LINE__, CIMException::ALREADY_EXISTS, element.getName().c_str());
     }
     elements.push_back(element);

@@ -1,3 +1,4 @@
+#include "CaseFolding.hpp"
 #include "OW_Array.hpp"
 #include "OW_Bool.hpp"
 #include "OW_CIMBase.hpp"
@@ -84,7 +85,7 @@ void DateTime::setToCurrent()
 
 int compareNames(const CIMName& lhs, const CIMName& rhs)
 {
-    return lhs.m_name.compareToIgnoreCase(rhs.m_name);
+    return compareIgnoringCase(lhs.m_name.c_str(), rhs.m_name.c_str());
 }
 
 CIMBase::~CIMBase() = default;

@@ -1,9 +1,9 @@
 #include "CaseFolding.hpp"
-#include "NullReference.hpp"
 #include "OW_Array.hpp"
 #include "OW_Bool.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMObjectPath.hpp"
+#include "OW_COWReference.hpp"
 #include "OW_Char16.hpp"
 #include "OW_String.hpp"
 #include <cstdarg>

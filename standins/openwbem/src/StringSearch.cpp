@@ -1,5 +1,8 @@
 #include "OW_Array.hpp"
 #include "OW_String.hpp"
+#include <algorithm>
+#include <bitset>
+#include <cstdint>
 #include <cstring>
 
 // Finding, splitting and trimming; letters and blanks are those of ASCII, whatever the host's locale.
@@ -122,18 +125,22 @@ StringArray String::tokenize(const char* delims, EReturnDelimitersFlag returnDel
     if (empty()) {
         return tokens;
     }
-    size_t begin = 0;
+    std::bitset<256> isDelimiter;
+    for (; delims && *delims; ++delims) {
+        isDelimiter.set(static_cast<uint8_t>(*delims));
+    }
+    auto begin = m_text.begin();
     while (true) {
-        const size_t end = delims ? m_text.find_first_of(delims, begin) : npos;
-        const std::string token = m_text.substr(begin, end == npos ? npos : end - begin);
-        if (!token.empty() || returnEmpty == E_RETURN_EMPTY_TOKENS) {
-            tokens.push_back(String(token.c_str()));
+        const auto end =
+            std::find_if(begin, m_text.end(), [&](char c) { return isDelimiter[static_cast<uint8_t>(c)]; });
+        if (end != begin || returnEmpty == E_RETURN_EMPTY_TOKENS) {
+            tokens.push_back(String(std::string(begin, end).c_str()));
         }
-        if (end == npos) {
+        if (end == m_text.end()) {
             return tokens;
         }
         if (returnDelimiters == E_RETURN_DELIMITERS) {
-            tokens.push_back(String(m_text[end]));
+            tokens.push_back(String(*end));
         }
         begin = end + 1;
     }
