@@ -1,9 +1,11 @@
 #include "CCOrxConfig.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace
@@ -12,20 +14,17 @@ namespace
 constexpr std::size_t lineBuffer = 1024;
 constexpr int lineLimit = 1023; ///< for fgets: 1022 characters and the NUL; a longer line arrives in pieces
 
-struct Entry {
-    const char* key;
-    const char* value;
-};
-
-/// The first two tokens of `line`, which is cut up in place. The value of a key that stands alone is "none".
-std::optional<Entry> split(char* line, const char* separators)
+/// The first token of `text`, which then begins behind it; empty when there is none. Tokens are separated by
+/// any number of `separator`, tabs and line ends.
+std::string_view takeToken(std::string_view& text, char separator)
 {
-    char* rest = nullptr;
-    const char* key = strtok_r(line, separators, &rest);
-    if (!key)
-        return std::nullopt;
-    const char* value = strtok_r(nullptr, separators, &rest);
-    return Entry{key, value ? value : "none"};
+    const auto separates = [separator](char c) {
+        return c == separator || c == '\t' || c == '\r' || c == '\n';
+    };
+    const auto* begin = std::find_if_not(text.begin(), text.end(), separates);
+    const auto* end = std::find_if(begin, text.end(), separates);
+    text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 /// Only the very first character makes a comment: an indented "#" is a key like any other.
@@ -36,8 +35,7 @@ bool isComment(const char* line)
 
 } // namespace
 
-CCOrxConfig::CCOrxConfig(const char* path, std::int32_t style)
-    : m_list(std::make_unique<Entries>()), m_style(style)
+CCOrxConfig::CCOrxConfig(const char* path, std::int32_t style) : m_style(style)
 {
     const std::size_t length = std::strlen(path);
     if (length >= sizeof m_path)
@@ -57,20 +55,23 @@ CCOrxConfig::~CCOrxConfig()
 
 void CCOrxConfig::readEntries()
 {
-    const char* separators = m_style == EqualsSeparated ? "=\t\r\n" : " \t\r\n";
+    const char separator = m_style == EqualsSeparated ? '=' : ' ';
     bool nameserverSeen = m_style != BlankSeparated; // the other styles know no name servers
     std::array<char, lineBuffer> line;
     while (std::fgets(line.data(), lineLimit, m_stream.get())) {
         if (isComment(line.data()))
             continue;
-        std::optional<Entry> entry = split(line.data(), separators);
-        if (!entry)
+        std::string_view rest = line.data();
+        std::string_view key = takeToken(rest, separator);
+        if (key.empty())
             continue;
-        if (!nameserverSeen && std::strcmp(entry->key, specialtoken) == 0) {
+        const std::string_view value = takeToken(rest, separator);
+        if (!nameserverSeen && key == specialtoken) {
             nameserverSeen = true;
-            entry->key = faketoken;
+            key = faketoken;
         }
-        m_list->Insert(CCOrxConfigObj(entry->value), CCOrxConfigObj(entry->key));
+        m_list.Insert(CCOrxConfigObj(std::string(value.empty() ? "none" : value)),
+                      CCOrxConfigObj(std::string(key)));
     }
 }
 
@@ -97,13 +98,13 @@ void CCOrxConfig::Commit()
 
 void CCOrxConfig::writeEntries()
 {
-    std::vector<CCOrxConfigObj> keys(static_cast<std::size_t>(m_list->GetCount()));
-    m_list->GetKeys(keys.data(), m_list->GetCount());
+    std::vector<CCOrxConfigObj> keys(static_cast<std::size_t>(m_list.GetCount()));
+    m_list.GetKeys(keys.data(), m_list.GetCount());
     const char* separator = m_style == BlankSeparated ? "   " : "=";
     for (const CCOrxConfigObj& key : keys) {
         // Intended: the value is looked up by key, so all entries with one key get the value of the first.
         CCOrxConfigObj value;
-        m_list->Find(value, key);
+        m_list.Find(value, key);
         const bool firstNameserver = m_style == BlankSeparated && key.text() == faketoken;
         std::fprintf(m_stream.get(), "%s%s%s\n", firstNameserver ? specialtoken : key.text().c_str(),
                      separator, value.text().c_str());
@@ -119,7 +120,7 @@ void CCOrxConfig::GetStrValue(const char* key, char* out) const
 std::string CCOrxConfig::GetStrValue(const char* key) const
 {
     CCOrxConfigObj value;
-    m_list->Find(value, CCOrxConfigObj(key));
+    m_list.Find(value, CCOrxConfigObj(key));
     return value.text();
 }
 
@@ -135,18 +136,18 @@ long CCOrxConfig::GetLongValue(const char* key) const
 
 void CCOrxConfig::SetValue(const char* key, const char* value)
 {
-    const CCOrxConfigObj newKey(key);
-    const CCOrxConfigObj newValue(value);
-    if (!m_list->Modify(newValue, newKey))
-        m_list->Insert(newValue, newKey);
+    CCOrxConfigObj newKey(key);
+    CCOrxConfigObj newValue(value);
+    if (!m_list.Modify(newValue, newKey))
+        m_list.Insert(std::move(newValue), std::move(newKey));
 }
 
 void CCOrxConfig::SetValue(const char* key, int value)
 {
-    m_list->Modify(CCOrxConfigObj(std::to_string(value)), CCOrxConfigObj(key));
+    m_list.Modify(CCOrxConfigObj(std::to_string(value)), CCOrxConfigObj(key));
 }
 
 void CCOrxConfig::SetValue(const char* key, long value)
 {
-    m_list->Modify(CCOrxConfigObj(std::to_string(value) + " "), CCOrxConfigObj(key));
+    m_list.Modify(CCOrxConfigObj(std::to_string(value) + " "), CCOrxConfigObj(key));
 }

@@ -75,7 +75,7 @@ class CCOrxConfig
 
     char m_path[256] = {}; ///< "" until the file has been read
     std::unique_ptr<std::FILE, StreamCloser> m_stream;
-    std::unique_ptr<Entries> m_list;
+    Entries m_list;
     std::int32_t m_style;
 };
 

@@ -3,12 +3,19 @@
 
 #include "CNode.hpp"
 
+#include <cstddef>
 #include <cstdint>
+#include <new>
+#include <utility>
 
 /// A singly linked list in ascending key order, equal keys in the order of their insertion; duplicates are
-/// allowed. Key needs operator< and operator==. Nodes come from a pool that is filled a block at a time and
-/// go back to the system only with ClearAll, so a file of up to 256 entries costs one burst of allocations.
-/// In every operation with two arguments the value comes before the key.
+/// allowed. Key needs operator< and operator==. In every operation with two arguments the value comes before
+/// the key.
+///
+/// Nodes come from a pool that is filled a block at a time and goes back to the system only with ClearAll, so
+/// a file of up to 256 entries costs one allocation. A switch of the packet filter is read with a list of its
+/// own that holds four of them: that is why the places of a block are made into nodes one by one, when they
+/// are taken.
 ///
 /// A returned node belongs to the list and is valid until it is freed or the list is cleared. Where the
 /// system has no more memory, std::bad_alloc leaves the operation.
@@ -30,33 +37,34 @@ class CList
         FreeNode(NewNode(nullptr));
     }
 
-    /// Adds an entry before the first one with a greater key, and so after all those with an equal key.
-    Node* Insert(const Value& value, const Key& key)
+    /// Adds an entry, whose value and key it takes over, before the first one with a greater key, and so
+    /// after all those with an equal key.
+    Node* Insert(Value&& value, Key&& key)
     {
         if (!m_head || key < m_head->key)
-            return AddHead(value, key);
+            return AddHead(std::move(value), std::move(key));
         for (Node* before = m_head; before->next; before = before->next) {
             if (key < before->next->key) {
-                before->next = filled(NewNode(before->next), value, key);
+                before->next = makeNode(before->next, std::move(value), std::move(key));
                 return before->next;
             }
         }
-        return AddTail(value, key);
+        return AddTail(std::move(value), std::move(key));
     }
 
     /// Adds an entry in front. Keeping the order is the caller's business, as it is with AddTail.
-    Node* AddHead(const Value& value, const Key& key)
+    Node* AddHead(Value&& value, Key&& key)
     {
-        m_head = filled(NewNode(m_head), value, key);
+        m_head = makeNode(m_head, std::move(value), std::move(key));
         if (!m_tail)
             m_tail = m_head;
         return m_head;
     }
 
     /// Adds an entry at the end.
-    Node* AddTail(const Value& value, const Key& key)
+    Node* AddTail(Value&& value, Key&& key)
     {
-        Node* added = filled(NewNode(nullptr), value, key);
+        Node* added = makeNode(nullptr, std::move(value), std::move(key));
         if (m_tail)
             m_tail->next = added;
         else
@@ -100,53 +108,47 @@ class CList
     /// Deletes every entry and the pool. The list can be used again.
     void ClearAll()
     {
-        deleteChain(m_head);
-        deleteChain(m_pool);
-        m_head = m_spare = m_tail = m_pool = nullptr;
+        while (m_head) {
+            Node* deleted = m_head;
+            m_head = deleted->next;
+            deleted->~Node();
+        }
+        m_spare = m_tail = nullptr;
+        while (m_blocks)
+            delete[] std::exchange(m_blocks, m_blocks->next);
+        m_pool = m_untouched = m_blockEnd = nullptr;
         m_count = 0;
     }
 
-    /// Takes a node out of the pool, which is refilled first when it is empty, and counts it as an entry. The
-    /// caller links it in; its key and value are those of its last use.
-    Node* NewNode(Node* next)
-    {
-        if (!m_pool)
-            refill();
-        Node* taken = m_pool;
-        m_pool = taken->next;
-        taken->next = next;
-        ++m_count;
-        return taken;
-    }
+    /// Takes a node out of the pool, which is refilled first when it is empty, and counts it as an entry. Key
+    /// and value are empty; the caller links it in.
+    Node* NewNode(Node* next) { return makeNode(next, Value(), Key()); }
 
     /// Puts a node that is no longer linked in back into the pool and stops counting it as an entry.
     void FreeNode(Node* node)
     {
         if (m_blockSize > 0) {
-            node->next = m_pool;
-            m_pool = node;
+            node->~Node();
+            m_pool = new (node) Place{m_pool};
         } else {
             // Without blocks there is no pool to return to. The node is dropped on purpose, not deleted.
-            m_pool = nullptr;
+            m_pool = m_untouched = m_blockEnd = nullptr;
         }
         --m_count;
     }
 
   private:
-    static Node* filled(Node* node, const Value& value, const Key& key)
-    {
-        node->value = value;
-        node->key = key;
-        return node;
-    }
+    /// Room for a node: one that was given back, or one in a block that nobody has taken yet.
+    union Place {
+        Place* next;
+        alignas(Node) std::byte node[sizeof(Node)];
+    };
 
-    static void deleteChain(Node* node)
+    Node* makeNode(Node* next, Value&& value, Key&& key)
     {
-        while (node) {
-            Node* next = node->next;
-            delete node;
-            node = next;
-        }
+        Node* made = new (takePlace()) Node{next, std::move(key), std::move(value)};
+        ++m_count;
+        return made;
     }
 
     Node* firstWith(const Key& key) const
@@ -157,14 +159,22 @@ class CList
         return node;
     }
 
+    Place* takePlace()
+    {
+        if (m_pool)
+            return std::exchange(m_pool, m_pool->next);
+        if (m_untouched == m_blockEnd)
+            refill();
+        return m_untouched++;
+    }
+
     void refill()
     {
-        const std::int32_t nodes = m_blockSize > 0 ? m_blockSize : 1;
-        for (std::int32_t i = 0; i < nodes; ++i) {
-            Node* added = new Node();
-            added->next = m_pool;
-            m_pool = added;
-        }
+        const std::size_t places = m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1;
+        auto* block = new Place[places + 1];
+        block->next = std::exchange(m_blocks, block);
+        m_untouched = block + 1;
+        m_blockEnd = m_untouched + places;
     }
 
     // The members keep the order of the list's layout, whatever their access.
@@ -177,7 +187,10 @@ class CList
     Node* m_head = nullptr;
     Node* m_spare = nullptr; ///< read by nobody; kept because it is part of the list's layout
     Node* m_tail = nullptr;
-    Node* m_pool = nullptr; ///< nodes that are not in the list
+    Place* m_pool = nullptr;      ///< places of nodes that were given back
+    Place* m_untouched = nullptr; ///< the rest of the newest block, which belongs to the pool too
+    Place* m_blockEnd = nullptr;
+    Place* m_blocks = nullptr; ///< the newest one; the first place of each leads to the one before it
 };
 
 #endif

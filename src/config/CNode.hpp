@@ -1,7 +1,7 @@
 #ifndef KV_CONFIG_CNODE_HPP
 #define KV_CONFIG_CNODE_HPP
 
-/// One entry of a CList. Key and value are copied in; `next` is not owned, the list owns every node.
+/// One entry of a CList. `next` is not owned, the list owns every node.
 template <typename Key, typename Value>
 struct CNode {
     CNode* next = nullptr; ///< null at the end of the chain

@@ -10,6 +10,8 @@
 #include <OW_CIMValue.hpp>
 #include <OW_Types.hpp>
 
+#include <utility>
+
 namespace
 {
 
@@ -124,7 +126,7 @@ void findByName(const CIMProperty& name, ORX_LANEndpoint& endpoint)
         reporting::fail({unit, __LINE__}, CIMException::NOT_FOUND);
     ORX_LANEndpoint found(value.toString());
     found.get();
-    endpoint = found;
+    endpoint = std::move(found);
 }
 
 // Operators read these traces in the error log; their level and their spelling are intended.

@@ -22,6 +22,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -181,9 +182,9 @@ void ORX_LANSetting::readResolverFile()
                image.addLine(line.data(), domainName)) {
         }
     }
-    primaryDNS = image.primaryDNS;
-    secondaryDNS = image.secondaryDNS;
-    resolvContents = image.contents;
+    primaryDNS = std::move(image.primaryDNS);
+    secondaryDNS = std::move(image.secondaryDNS);
+    resolvContents = std::move(image.contents);
 }
 
 void ORX_LANSetting::readRouterPresence()

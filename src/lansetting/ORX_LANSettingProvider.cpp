@@ -202,8 +202,9 @@ void ORX_LANSettingProvider::ORX_LANSettingToCIMInstance(const String&, const OR
     if (model.getInstanceID(text))
         addText(instance, "InstanceID", instanceIDOfInstance);
     for (const TextProperty& property : textProperties) {
-        const bool known = (model.*property.get)(text);
-        addText(instance, property.name, known ? text : String(""));
+        if (!(model.*property.get)(text))
+            text = "";
+        addText(instance, property.name, text);
     }
     bool enabled = false;
     for (const SwitchProperty& property : switchProperties) {

@@ -54,14 +54,7 @@ class COWHandle
         swap(other);
         return *this;
     }
-    ~COWHandle()
-    {
-        // Nobody can make another handle from the only one, so that one needs no atomic step.
-        if (m_data &&
-            (m_data->m_count.load(std::memory_order_acquire) == 1 || m_data->m_count.fetch_sub(1) == 1)) {
-            delete m_data;
-        }
-    }
+    ~COWHandle();
 
     bool isNull() const { return m_data == 0; }
     void setNull() { COWHandle().swap(*this); }

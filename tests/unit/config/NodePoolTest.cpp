@@ -1,14 +1,20 @@
-// The pool from which a list takes its nodes: how many are made, and when they are given back.
+// The pool from which a list takes its nodes: how many are allocated at once, and when they are given back.
 
 #include "CList.hpp"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <new>
+
 namespace
 {
 
-/// A key that counts its objects. Every node holds exactly one, so the count is that of the nodes plus that
-/// of the keys in the test's own hands.
+int blocks = 0;            ///< arrays that are allocated now; nothing but the pool allocates any here
+std::size_t blockSize = 0; ///< bytes of the last one
+
+/// A key that counts its objects. Every node in use holds exactly one, so the count is that of the nodes plus
+/// that of the keys in the test's own hands.
 class CountedKey
 {
   public:
@@ -42,15 +48,21 @@ class PooledList : public CList<CountedKey, int>
 class NodePool : public ::testing::Test
 {
   protected:
-    NodePool() { CountedKey::alive = 0; }
+    NodePool()
+    {
+        blocks = 0;
+        CountedKey::alive = 0;
+    }
     static int nodes() { return CountedKey::alive; }
 };
 
 TEST_F(NodePool, IsFilledOnceBeforeAnyEntry)
 {
     const PooledList list;
-    EXPECT_EQ(nodes(), 256);
+    EXPECT_EQ(blocks, 1);
+    EXPECT_GE(blockSize, 256 * sizeof(PooledList::Node));
     EXPECT_EQ(list.GetCount(), 0);
+    EXPECT_EQ(nodes(), 0);
 }
 
 TEST_F(NodePool, ServesTwoHundredAndFiftySixEntriesWithoutAnotherAllocation)
@@ -59,6 +71,7 @@ TEST_F(NodePool, ServesTwoHundredAndFiftySixEntriesWithoutAnotherAllocation)
     list.fill(0, 256);
     EXPECT_EQ(list.GetCount(), 256);
     EXPECT_EQ(nodes(), 256);
+    EXPECT_EQ(blocks, 1);
 }
 
 TEST_F(NodePool, GrowsByAWholeBlockWithTheNextEntry)
@@ -66,11 +79,11 @@ TEST_F(NodePool, GrowsByAWholeBlockWithTheNextEntry)
     PooledList list;
     list.fill(0, 257);
     EXPECT_EQ(list.GetCount(), 257);
-    EXPECT_EQ(nodes(), 512);
+    EXPECT_EQ(blocks, 2);
     list.fill(257, 512);
-    EXPECT_EQ(nodes(), 512);
+    EXPECT_EQ(blocks, 2);
     list.fill(512, 513);
-    EXPECT_EQ(nodes(), 768);
+    EXPECT_EQ(blocks, 3);
 }
 
 TEST_F(NodePool, TakesBackANodeAndHandsItOutAgain)
@@ -82,7 +95,20 @@ TEST_F(NodePool, TakesBackANodeAndHandsItOutAgain)
     EXPECT_EQ(list.GetCount(), 0);
     EXPECT_EQ(list.NewNode(nullptr), node);
     list.FreeNode(node);
-    EXPECT_EQ(nodes(), 256);
+    EXPECT_EQ(nodes(), 0);
+}
+
+TEST_F(NodePool, HandsOutNodesThatAreEmpty)
+{
+    PooledList list;
+    PooledList::Node* node = list.NewNode(nullptr);
+    node->key = CountedKey(7);
+    node->value = 7;
+    list.FreeNode(node);
+    ASSERT_EQ(list.NewNode(nullptr), node);
+    EXPECT_EQ(node->key, CountedKey());
+    EXPECT_EQ(node->value, 0);
+    list.FreeNode(node);
 }
 
 TEST_F(NodePool, LinksANewNodeToTheGivenOne)
@@ -102,10 +128,12 @@ TEST_F(NodePool, IsReleasedTogetherWithTheEntriesByClearAll)
     list.fill(0, 300);
     list.ClearAll();
     EXPECT_EQ(nodes(), 0);
+    EXPECT_EQ(blocks, 0);
     EXPECT_EQ(list.GetCount(), 0);
 
     list.fill(0, 1);
-    EXPECT_EQ(nodes(), 256) << "the next entry fills the pool anew";
+    EXPECT_EQ(blocks, 1) << "the next entry fills the pool anew";
+    EXPECT_EQ(list.GetCount(), 1);
 }
 
 TEST_F(NodePool, IsReleasedByTheDestructor)
@@ -115,6 +143,7 @@ TEST_F(NodePool, IsReleasedByTheDestructor)
         list.fill(0, 300);
     }
     EXPECT_EQ(nodes(), 0);
+    EXPECT_EQ(blocks, 0);
 }
 
 TEST_F(NodePool, InitAddsNoEntryAndNoNodeToAFilledPool)
@@ -123,7 +152,8 @@ TEST_F(NodePool, InitAddsNoEntryAndNoNodeToAFilledPool)
     list.fill(0, 2);
     list.init();
     EXPECT_EQ(list.GetCount(), 2);
-    EXPECT_EQ(nodes(), 256);
+    EXPECT_EQ(nodes(), 2);
+    EXPECT_EQ(blocks, 1);
 }
 
 TEST_F(NodePool, InitRestoresTheBlockSize)
@@ -131,8 +161,8 @@ TEST_F(NodePool, InitRestoresTheBlockSize)
     PooledList list;
     list.setBlockSize(3);
     list.init();
-    list.fill(0, 257);
-    EXPECT_EQ(nodes(), 512);
+    list.fill(0, 512);
+    EXPECT_EQ(blocks, 2);
 }
 
 TEST_F(NodePool, GrowsOneByOneWithoutABlockSize)
@@ -141,30 +171,56 @@ TEST_F(NodePool, GrowsOneByOneWithoutABlockSize)
     list.fill(0, 256);
     list.setBlockSize(0);
     list.fill(256, 257);
-    EXPECT_EQ(nodes(), 257);
+    EXPECT_EQ(blocks, 2);
     list.fill(257, 258);
-    EXPECT_EQ(nodes(), 258);
+    EXPECT_EQ(blocks, 3);
 }
 
 TEST_F(NodePool, DropsAFreedNodeAndItselfWithoutABlockSize)
 {
     PooledList list;
-    list.fill(0, 256); // empties the pool
-    list.setBlockSize(0);
+    list.fill(0, 254);
     PooledList::Node* pooled = list.NewNode(nullptr);
-    PooledList::Node* freed = list.NewNode(nullptr);
-    list.setBlockSize(1);
+    PooledList::Node* freed = list.NewNode(nullptr); // the last one of the block
     list.FreeNode(pooled);
     list.setBlockSize(0);
     list.FreeNode(freed);
-    EXPECT_EQ(list.GetCount(), 256);
-    EXPECT_EQ(nodes(), 258) << "nothing is deleted";
+    EXPECT_EQ(list.GetCount(), 254);
+    EXPECT_EQ(nodes(), 255) << "the dropped node is not deleted";
 
-    PooledList::Node* fresh = list.NewNode(nullptr);
-    EXPECT_EQ(nodes(), 259) << "nothing comes back";
-    delete pooled;
-    delete freed;
-    delete fresh;
+    list.NewNode(nullptr);
+    EXPECT_EQ(blocks, 2) << "neither of the two comes back";
+}
+
+TEST_F(NodePool, DropsTheRestOfItsBlockToo)
+{
+    PooledList list;
+    list.setBlockSize(0);
+    list.FreeNode(list.NewNode(nullptr));
+    list.NewNode(nullptr);
+    EXPECT_EQ(blocks, 2);
 }
 
 } // namespace
+
+void* operator new[](std::size_t size)
+{
+    void* block = std::malloc(size);
+    if (!block)
+        throw std::bad_alloc();
+    ++blocks;
+    blockSize = size;
+    return block;
+}
+
+void operator delete[](void* block) noexcept
+{
+    if (block)
+        --blocks;
+    std::free(block);
+}
+
+void operator delete[](void* block, std::size_t) noexcept
+{
+    operator delete[](block);
+}
