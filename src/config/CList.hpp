@@ -13,9 +13,9 @@
 /// the key.
 ///
 /// Nodes come from a pool that is filled a block at a time and goes back to the system only with ClearAll, so
-/// a file of up to 256 entries costs one allocation. A switch of the packet filter is read with a list of its
-/// own that holds four of them: that is why the places of a block are made into nodes one by one, when they
-/// are taken.
+/// a file of up to 256 entries costs one allocation of nodes. A switch of the packet filter is read with a
+/// list of its own that holds four of them: that is why the places of a block are made into nodes one by one,
+/// when they are taken.
 ///
 /// A returned node belongs to the list and is valid until it is freed or the list is cleared. Where the
 /// system has no more memory, std::bad_alloc leaves the operation.
@@ -115,7 +115,7 @@ class CList
         }
         m_spare = m_tail = nullptr;
         while (m_blocks)
-            delete[] std::exchange(m_blocks, m_blocks->next);
+            ::operator delete(std::exchange(m_blocks, m_blocks->next));
         m_pool = m_untouched = m_blockEnd = nullptr;
         m_count = 0;
     }
@@ -171,9 +171,10 @@ class CList
     void refill()
     {
         const std::size_t places = m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1;
-        auto* block = new Place[places + 1];
-        block->next = std::exchange(m_blocks, block);
-        m_untouched = block + 1;
+        // Not new[], whose check of the length is in no C++ library as old as the server's.
+        void* block = ::operator new((places + 1) * sizeof(Place));
+        m_blocks = new (block) Place{m_blocks};
+        m_untouched = m_blocks + 1;
         m_blockEnd = m_untouched + places;
     }
 

@@ -10,7 +10,7 @@
 namespace
 {
 
-int blocks = 0;            ///< arrays that are allocated now; nothing but the pool allocates any here
+int blocks = 0;            ///< allocations that live; nothing but the pool keeps any in these tests
 std::size_t blockSize = 0; ///< bytes of the last one
 
 /// A key that counts its objects. Every node in use holds exactly one, so the count is that of the nodes plus
@@ -203,7 +203,7 @@ TEST_F(NodePool, DropsTheRestOfItsBlockToo)
 
 } // namespace
 
-void* operator new[](std::size_t size)
+void* operator new(std::size_t size)
 {
     void* block = std::malloc(size);
     if (!block)
@@ -213,14 +213,14 @@ void* operator new[](std::size_t size)
     return block;
 }
 
-void operator delete[](void* block) noexcept
+void operator delete(void* block) noexcept
 {
     if (block)
         --blocks;
     std::free(block);
 }
 
-void operator delete[](void* block, std::size_t) noexcept
+void operator delete(void* block, std::size_t) noexcept
 {
-    operator delete[](block);
+    operator delete(block);
 }
