@@ -14,13 +14,11 @@ using dscptest::operator+;
 using dscptest::CimFailure;
 using dscptest::failureOf;
 using dscptest::flowTexts;
-using dscptest::formatted;
 using dscptest::FullService;
 using dscptest::get;
 using dscptest::instance;
 using dscptest::keys;
 using dscptest::Lines;
-using dscptest::logged;
 using dscptest::path;
 using dscptest::ProgrammedManager;
 using dscptest::set;
@@ -28,6 +26,7 @@ using dscptest::startUpKeys;
 using dscptest::text;
 using dscptest::uint16;
 using dscptest::Values;
+using dscptest::written;
 
 const CimFailure cannotCreate = {1, "The system cannot create the instance specified.\n#CFG_000_0005#"};
 const CimFailure creationNotSupported = {7,
@@ -91,16 +90,6 @@ class ProviderCreateOnAMarkedServer : public ProviderCreate
         store("faxmediamenu", 0);
         provider.initialize(env);
         world.clearJournal();
-    }
-
-    static Lines written(const dscptest::FlowTexts& flow, unsigned int value)
-    {
-        return {get(flow.menuKey),
-                set(flow.menuKey, value),
-                set(flow.tosByteKey, value),
-                logged(8, formatted(flow.bothWritten, value, value)),
-                logged(8, formatted(flow.tosByteWritten, value)),
-                logged(8, formatted(flow.menuWritten, value))};
     }
 };
 

@@ -1,5 +1,6 @@
 #include "ServiceTest.hpp"
 
+#include "FlowTexts.hpp"
 #include "dscLog.hpp"
 
 #include <cstdarg>
@@ -33,6 +34,16 @@ std::string formatted(const char* format, ...)
     std::vsnprintf(buffer, sizeof buffer, format, arguments);
     va_end(arguments);
     return buffer;
+}
+
+Lines written(const FlowTexts& flow, unsigned int value)
+{
+    return {get(flow.menuKey),
+            set(flow.menuKey, value),
+            set(flow.tosByteKey, value),
+            logged(8, formatted(flow.bothWritten, value, value)),
+            logged(8, formatted(flow.tosByteWritten, value)),
+            logged(8, formatted(flow.menuWritten, value))};
 }
 
 Lines operator+(Lines first, const Lines& second)

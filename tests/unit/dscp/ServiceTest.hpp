@@ -11,6 +11,8 @@
 namespace dscptest
 {
 
+struct FlowTexts;
+
 using fakes::Lines;
 using Qualifiers = ORX_ALGService::Qualifiers;
 using Status = ORX_ALGService::Status;
@@ -22,6 +24,9 @@ extern const char* const section;
 std::string get(const std::string& key);
 std::string set(const std::string& key, unsigned int value);
 std::string logged(unsigned int level, const std::string& text);
+
+/// What storing a flow leaves behind whose menu and TOS byte both get `value`, and were another one before.
+Lines written(const FlowTexts& flow, unsigned int value);
 
 /// `format` filled in as by printf.
 __attribute__((format(printf, 1, 2))) std::string formatted(const char* format, ...);

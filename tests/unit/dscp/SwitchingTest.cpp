@@ -18,6 +18,7 @@ using dscptest::logged;
 using dscptest::set;
 using dscptest::Status;
 using dscptest::valueOf;
+using dscptest::written;
 
 const char* const enabledRead =
     "ORX_ALGServiceImpl:endChange(): failed to read KLonKLEnabled from the PDR, rc: 0x%08X\n";
@@ -39,16 +40,6 @@ class Switching : public dscptest::ServiceTest
     {
         service.setKLonKLEnabled(enabled);
         EXPECT_EQ(service.endChange(), 0u);
-    }
-
-    static Lines written(const FlowTexts& flow, unsigned int value)
-    {
-        return {get(flow.menuKey),
-                set(flow.menuKey, value),
-                set(flow.tosByteKey, value),
-                logged(8, formatted(flow.bothWritten, value, value)),
-                logged(8, formatted(flow.tosByteWritten, value)),
-                logged(8, formatted(flow.menuWritten, value))};
     }
 
     void expectMarkings(unsigned int signalling, unsigned int voice, unsigned int video,
