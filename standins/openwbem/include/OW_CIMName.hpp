@@ -21,6 +21,7 @@ class CIMName
 
   private:
     friend int compareNames(const CIMName& lhs, const CIMName& rhs);
+    friend bool operator==(const CIMName& lhs, const CIMName& rhs);
     String m_name;
 };
 
@@ -29,11 +30,12 @@ int compareNames(const CIMName& lhs, const CIMName& rhs);
 
 inline bool operator==(const CIMName& lhs, const CIMName& rhs)
 {
-    return compareNames(lhs, rhs) == 0;
+    // Capital and small letter take the same number of bytes.
+    return lhs.m_name.length() == rhs.m_name.length() && compareNames(lhs, rhs) == 0;
 }
 inline bool operator!=(const CIMName& lhs, const CIMName& rhs)
 {
-    return compareNames(lhs, rhs) != 0;
+    return !(lhs == rhs);
 }
 inline bool operator<(const CIMName& lhs, const CIMName& rhs)
 {

@@ -54,7 +54,12 @@ class COWHandle
         swap(other);
         return *this;
     }
-    ~COWHandle();
+    ~COWHandle()
+    {
+        if (m_data) {
+            release();
+        }
+    }
 
     bool isNull() const { return m_data == 0; }
     void setNull() { COWHandle().swap(*this); }
@@ -77,6 +82,8 @@ class COWHandle
     }
 
   private:
+    void release();
+
     COWCountable* m_data;
 };
 

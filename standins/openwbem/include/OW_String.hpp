@@ -48,7 +48,10 @@ class String
     explicit String(const CIMDateTime& val);
     explicit String(const CIMObjectPath& val);
 
-    size_t length() const;
+    size_t length() const
+    {
+        return m_text.length();
+    }
     bool empty() const;
     size_t UTF8Length() const; // counts the bytes that are not 0x80 to 0xBF
     const char* c_str() const; // never 0

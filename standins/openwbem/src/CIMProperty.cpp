@@ -8,6 +8,18 @@
 namespace OpenWBEM
 {
 
+namespace
+{
+
+// What a property has from its class. In most instances the properties have none of it.
+struct Declaration : COWData<Declaration> {
+    CIMQualifierArray qualifiers;
+    CIMName originClass;
+    bool propagated = false;
+};
+
+} // namespace
+
 struct CIMProperty::Data : COWData<CIMProperty::Data> {
     Data() : value(CIMNULL) {}
     Data(CIMName itsName, const CIMDataType& type, const CIMValue& content)
@@ -18,9 +30,22 @@ struct CIMProperty::Data : COWData<CIMProperty::Data> {
     CIMName name;
     CIMDataType dataType;
     CIMValue value;
-    CIMQualifierArray qualifiers;
-    CIMName originClass;
-    bool propagated = false;
+
+    const Declaration& declared() const
+    {
+        static const Declaration nothing;
+        return declaration.isNull() ? nothing : declaration.read();
+    }
+    Declaration& declare()
+    {
+        if (declaration.isNull()) {
+            declaration = COWReference<Declaration>(new Declaration);
+        }
+        return declaration.write();
+    }
+
+  private:
+    COWReference<Declaration> declaration; // null until something of it is set
 };
 
 namespace
@@ -125,18 +150,18 @@ Int32 CIMProperty::getSize() const
 
 CIMQualifierArray CIMProperty::getQualifiers() const
 {
-    return m_data.read().qualifiers;
+    return m_data.read().declared().qualifiers;
 }
 
 CIMProperty& CIMProperty::setQualifiers(const CIMQualifierArray& qualifiers)
 {
-    m_data.write().qualifiers = qualifiers;
+    m_data.write().declare().qualifiers = qualifiers;
     return *this;
 }
 
 CIMQualifier CIMProperty::getQualifier(const CIMName& name) const
 {
-    return findElement(m_data.read().qualifiers, name);
+    return findElement(m_data.read().declared().qualifiers, name);
 }
 
 CIMQualifier CIMProperty::getQualifierT(const CIMName& name) const
@@ -150,24 +175,24 @@ CIMQualifier CIMProperty::getQualifierT(const CIMName& name) const
 
 CIMProperty& CIMProperty::setQualifier(const CIMQualifier& qualifier)
 {
-    replaceOrAppend(m_data.write().qualifiers, qualifier);
+    replaceOrAppend(m_data.write().declare().qualifiers, qualifier);
     return *this;
 }
 
 CIMProperty& CIMProperty::addQualifier(const CIMQualifier& qualifier)
 {
-    addNewElement(m_data.write().qualifiers, qualifier);
+    addNewElement(m_data.write().declare().qualifiers, qualifier);
     return *this;
 }
 
 bool CIMProperty::removeQualifier(const CIMName& name)
 {
-    return removeElement(m_data.write().qualifiers, name);
+    return removeElement(m_data.write().declare().qualifiers, name);
 }
 
 CIMProperty& CIMProperty::clearQualifiers()
 {
-    m_data.write().qualifiers.clear();
+    m_data.write().declare().qualifiers.clear();
     return *this;
 }
 
@@ -186,7 +211,7 @@ bool CIMProperty::hasTrueQualifier(const CIMName& name) const
 
 bool CIMProperty::isKey() const
 {
-    const bool isQualified = !m_data.read().qualifiers.empty();
+    const bool isQualified = !m_data.read().declared().qualifiers.empty();
     return isReference() || (isQualified && hasTrueQualifier(CIMQualifier::CIM_QUAL_KEY));
 }
 
@@ -198,23 +223,23 @@ bool CIMProperty::isReference() const
 
 String CIMProperty::getOriginClass() const
 {
-    return m_data.read().originClass.toString();
+    return m_data.read().declared().originClass.toString();
 }
 
 CIMProperty& CIMProperty::setOriginClass(const CIMName& originClass)
 {
-    m_data.write().originClass = originClass;
+    m_data.write().declare().originClass = originClass;
     return *this;
 }
 
 bool CIMProperty::getPropagated() const
 {
-    return m_data.read().propagated;
+    return m_data.read().declared().propagated;
 }
 
 CIMProperty& CIMProperty::setPropagated(bool propagated)
 {
-    m_data.write().propagated = propagated;
+    m_data.write().declare().propagated = propagated;
     return *this;
 }
 
@@ -228,7 +253,8 @@ String CIMProperty::toString() const
 String CIMProperty::toMOF() const
 {
     const Data& data = m_data.read();
-    String text = qualifiersMOF(data.qualifiers, "  ") + "  " + declarationMOF(data.dataType, getName());
+    String text =
+        qualifiersMOF(data.declared().qualifiers, "  ") + "  " + declarationMOF(data.dataType, getName());
     if (data.value) {
         text += "=" + data.value.toMOF();
     }

@@ -76,8 +76,8 @@ CIMValue simpleValue(T value)
 } // namespace
 
 CIMValue::CIMValue(CIMNULL_t) {}
-CIMValue::CIMValue(bool arg) : m_data(new Data(Bool(arg))) {}
-CIMValue::CIMValue(const char* arg) : m_data(new Data(String(arg ? arg : ""))) {}
+CIMValue::CIMValue(bool arg) : m_data(Data::of(Bool(arg))) {}
+CIMValue::CIMValue(const char* arg) : m_data(Data::of(String(arg ? arg : ""))) {}
 
 void CIMValue::setNull()
 {
@@ -87,8 +87,8 @@ void CIMValue::setNull()
 // The arguments are types, which take no parentheses.
 // NOLINTBEGIN(bugprone-macro-parentheses)
 #define CIM_VALUE_MEMBERS(TYPE, ARGUMENT)                                                                    \
-    CIMValue::CIMValue(ARGUMENT arg) : m_data(new Data(TYPE(arg))) {}                                        \
-    CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(new Data(arg)) {}                                    \
+    CIMValue::CIMValue(ARGUMENT arg) : m_data(Data::of(TYPE(arg))) {}                                        \
+    CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(Data::of(arg)) {}                                    \
     void CIMValue::get(TYPE& arg) const                                                                      \
     {                                                                                                        \
         arg = held<TYPE>(m_data.read().content);                                                             \

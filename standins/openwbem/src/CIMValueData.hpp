@@ -30,6 +30,19 @@ struct CIMValue::Data : COWData<CIMValue::Data> {
     {
     }
 
+    // What a new value holds. The two booleans exist once.
+    template <class T>
+    static COWReference<Data> of(T held)
+    {
+        if constexpr (std::is_same_v<T, Bool>) {
+            static const COWReference<Data> isFalse(new Data(Bool(false)));
+            static const COWReference<Data> isTrue(new Data(Bool(true)));
+            return held ? isTrue : isFalse;
+        } else {
+            return COWReference<Data>(new Data(std::move(held)));
+        }
+    }
+
     CIMContent content;
 };
 

@@ -17,11 +17,10 @@ void throwNullReference()
 
 COWCountable::~COWCountable() = default;
 
-COWHandle::~COWHandle()
+void COWHandle::release()
 {
     // Nobody can make another handle from the only one, so that one needs no atomic step.
-    if (m_data &&
-        (m_data->m_count.load(std::memory_order_acquire) == 1 || m_data->m_count.fetch_sub(1) == 1)) {
+    if (m_data->m_count.load(std::memory_order_acquire) == 1 || m_data->m_count.fetch_sub(1) == 1) {
         delete m_data;
     }
 }

@@ -71,11 +71,6 @@ String::String(const Char16Array& val) : m_text(concatenated(val)), m_null(false
 String::String(const CIMDateTime& val) : String(val.toString()) {}
 String::String(const CIMObjectPath& val) : String(val.toString()) {}
 
-size_t String::length() const
-{
-    return m_text.length();
-}
-
 bool String::empty() const
 {
     return m_text.empty();
