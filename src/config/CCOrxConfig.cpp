@@ -1,6 +1,5 @@
 #include "CCOrxConfig.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -16,15 +15,17 @@ constexpr int lineLimit = 1023; ///< for fgets: 1022 characters and the NUL; a l
 
 /// The first token of `text`, which then begins behind it; empty when there is none. Tokens are separated by
 /// any number of `separator`, tabs and line ends.
-std::string_view takeToken(std::string_view& text, char separator)
+std::string_view takeToken(const char*& text, char separator)
 {
     const auto separates = [separator](char c) {
         return c == separator || c == '\t' || c == '\r' || c == '\n';
     };
-    const auto* begin = std::find_if_not(text.begin(), text.end(), separates);
-    const auto* end = std::find_if(begin, text.end(), separates);
-    text.remove_prefix(static_cast<std::size_t>(end - text.begin()));
-    return {begin, static_cast<std::size_t>(end - begin)};
+    while (separates(*text))
+        ++text;
+    const char* begin = text;
+    while (*text != '\0' && !separates(*text))
+        ++text;
+    return {begin, static_cast<std::size_t>(text - begin)};
 }
 
 /// Only the very first character makes a comment: an indented "#" is a key like any other.
@@ -37,6 +38,7 @@ bool isComment(const char* line)
 
 CCOrxConfig::CCOrxConfig(const char* path, std::int32_t style) : m_style(style)
 {
+    m_path[0] = '\0';
     const std::size_t length = std::strlen(path);
     if (length >= sizeof m_path)
         return;
@@ -61,7 +63,7 @@ void CCOrxConfig::readEntries()
     while (std::fgets(line.data(), lineLimit, m_stream.get())) {
         if (isComment(line.data()))
             continue;
-        std::string_view rest = line.data();
+        const char* rest = line.data();
         std::string_view key = takeToken(rest, separator);
         if (key.empty())
             continue;

@@ -73,7 +73,7 @@ class CCOrxConfig
     void readEntries();
     void writeEntries();
 
-    char m_path[256] = {}; ///< "" until the file has been read
+    char m_path[256]; ///< "" until the file has been read
     std::unique_ptr<std::FILE, StreamCloser> m_stream;
     Entries m_list;
     std::int32_t m_style;

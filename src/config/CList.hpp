@@ -129,7 +129,7 @@ class CList
     {
         if (m_blockSize > 0) {
             node->~Node();
-            m_pool = new (node) Place{m_pool};
+            m_pool = placeAt(node, m_pool);
         } else {
             // Without blocks there is no pool to return to. The node is dropped on purpose, not deleted.
             m_pool = m_untouched = m_blockEnd = nullptr;
@@ -143,6 +143,14 @@ class CList
         Place* next;
         alignas(Node) std::byte node[sizeof(Node)];
     };
+
+    /// Sets the link alone: the room for a node is left as it is.
+    static Place* placeAt(void* memory, Place* next)
+    {
+        auto* place = new (memory) Place;
+        place->next = next;
+        return place;
+    }
 
     Node* makeNode(Node* next, Value&& value, Key&& key)
     {
@@ -173,7 +181,7 @@ class CList
         const std::size_t places = m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1;
         // Not new[], whose check of the length is in no C++ library as old as the server's.
         void* block = ::operator new((places + 1) * sizeof(Place));
-        m_blocks = new (block) Place{m_blocks};
+        m_blocks = placeAt(block, m_blocks);
         m_untouched = m_blocks + 1;
         m_blockEnd = m_untouched + places;
     }
