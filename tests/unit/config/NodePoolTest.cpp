@@ -98,6 +98,21 @@ TEST_F(NodePool, TakesBackANodeAndHandsItOutAgain)
     EXPECT_EQ(nodes(), 0);
 }
 
+TEST_F(NodePool, HandsOutAllThatItTookBackTheLastOneFirst)
+{
+    PooledList list;
+    PooledList::Node* first = list.NewNode(nullptr);
+    PooledList::Node* second = list.NewNode(nullptr);
+    PooledList::Node* third = list.NewNode(nullptr);
+    for (PooledList::Node* node : {first, second, third})
+        list.FreeNode(node);
+    EXPECT_EQ(list.NewNode(nullptr), third);
+    EXPECT_EQ(list.NewNode(nullptr), second);
+    EXPECT_EQ(list.NewNode(nullptr), first);
+    for (PooledList::Node* node : {first, second, third})
+        list.FreeNode(node);
+}
+
 TEST_F(NodePool, HandsOutNodesThatAreEmpty)
 {
     PooledList list;

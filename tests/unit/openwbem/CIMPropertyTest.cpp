@@ -195,6 +195,18 @@ TEST(CIMProperty, isNotChangedThroughACopy)
     EXPECT_EQ("uint16:y=6", copy.toString());
 }
 
+TEST(CIMProperty, keepsWhatItHasFromItsClassWhenACopyChanges)
+{
+    CIMProperty property("x", CIMValue(UInt16(5)));
+    property.addQualifier(qualifier("Units", CIMValue("Bytes"))).setOriginClass("SAMPLE_Base");
+    CIMProperty copy(property);
+    copy.removeQualifier("Units");
+    copy.setOriginClass("SAMPLE_Other").setPropagated();
+    EXPECT_TRUE(property.getQualifier("Units"));
+    EXPECT_EQ("SAMPLE_Base", property.getOriginClass());
+    EXPECT_FALSE(property.getPropagated());
+}
+
 TEST(CIMProperty, isWrittenWithTypeNameAndValue)
 {
     EXPECT_EQ("string:Name=eth0", CIMProperty("Name", CIMValue("eth0")).toString());

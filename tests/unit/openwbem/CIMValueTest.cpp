@@ -96,6 +96,8 @@ TEST(CIMValue, knowsArraysFromScalars)
     EXPECT_EQ(CIMDataType::UINT16, array.getType());
     EXPECT_TRUE(array.getCIMDataType().isArrayType());
     EXPECT_FALSE(CIMValue(UInt16(5)).isArray());
+    EXPECT_TRUE(CIMValue(BoolArray()).isArray()) << "the first of the arrays";
+    EXPECT_FALSE(CIMValue(CIMInstance("C")).isArray()) << "the last of the scalars";
     EXPECT_FALSE(CIMValue(UInt16(5)).getCIMDataType().isArrayType());
 }
 
