@@ -350,6 +350,7 @@ class WatchedManager : public ORX_ALGServiceImplInstanceManager
     {
         calls.push_back("create " + systemCreationClassName + " " + systemName + " " + creationClassName +
                         " " + name);
+        journalAtCreation = fakes::World::current()->journal();
         return new WatchedService(calls);
     }
     void startIteration() override
@@ -364,7 +365,16 @@ class WatchedManager : public ORX_ALGServiceImplInstanceManager
     }
 
     Lines calls;
+    Lines journalAtCreation;
 };
+
+TEST_F(Loading, TheServiceIsCreatedAfterTheLogHasSaidSo)
+{
+    auto* const manager = new WatchedManager;
+    ORX_ALGService::SetInstanceManager(manager);
+    ASSERT_FALSE(manager->journalAtCreation.empty());
+    EXPECT_EQ(manager->journalAtCreation.back(), created);
+}
 
 TEST_F(Loading, TheServiceIsFilledThroughItsSettersAndTheLastOneGivesTheResult)
 {

@@ -240,6 +240,15 @@ TEST_F(ProviderCreate, AConfigurationExceptionOfTheServiceIsAFailedCreation)
     }
 }
 
+TEST_F(ProviderCreate, AFailureThatTheServiceRaisesAsCimsOwnGoesOnAsItIs)
+{
+    programmedManager().onCreated = [](FullService& service) {
+        service.onChange = [](const std::string&) { dscptest::failElsewhere(); };
+    };
+    dscptest::expectFailureElsewhere([&] { createInstance(newInstance); });
+    EXPECT_EQ(enumInstanceNames(), Lines());
+}
+
 TEST_F(ProviderCreate, AServiceThatCannotBeTakenBackChangesNothingInTheReport)
 {
     ProgrammedManager& manager = programmedManager();

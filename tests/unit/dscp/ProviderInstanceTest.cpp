@@ -1,5 +1,6 @@
 // Single instances: how they are found, what they carry, and what a provider does before and beside requests.
 
+#include "CFG_Exception.hpp"
 #include "ProviderTest.hpp"
 
 #include <OW_CIMQualifier.hpp>
@@ -164,6 +165,36 @@ TEST_F(ProviderInstance, FlagsAndPropertyListAreIgnored)
         env, "root/cimv2", path(startUpKeys()), Flags::E_LOCAL_ONLY, Flags::E_EXCLUDE_QUALIFIERS,
         Flags::E_EXCLUDE_CLASS_ORIGIN, &list, OpenWBEM::CIMClass(OpenWBEM::CIMNULL));
     EXPECT_EQ(found.getProperties().size(), 15u);
+}
+
+TEST_F(ProviderInstance, TheNamespaceOfARequestForAnObjectIsIgnored)
+{
+    initialize();
+    ns = "interop/elsewhere";
+    EXPECT_EQ(getInstance(path(startUpKeys())).getProperties().size(), 15u);
+    EXPECT_EQ(enumInstances().size(), 1u);
+    modify({{"QoSFaxMedia", dscptest::uint16(12)}});
+    EXPECT_EQ(world.registry.at({dscptest::section, "faxmediamenu"}), 12);
+    deleteInstance(path(startUpKeys()));
+    EXPECT_EQ(enumInstances().size(), 0u);
+}
+
+/// A manager that has its own reasons not to give an object.
+class RefusingManager : public dscptest::ProgrammedManager
+{
+  public:
+    ORX_ALGService* get(const std::string&, const std::string&, const std::string&,
+                        const std::string&) override
+    {
+        throw CFG_Exception();
+    }
+};
+
+TEST_F(ProviderInstance, AnObjectThatTheManagerDoesNotGiveIsNotFoundWhateverTheReason)
+{
+    ORX_ALGService::SetInstanceManager(new RefusingManager);
+    const FullService service("A", "B", "C", "D");
+    EXPECT_EQ(failureOf([&] { getInstance(path(keys("A", "B", "C", "D"))); }), (CimFailure{6, ""}));
 }
 
 TEST_F(ProviderInstance, APathWithoutOneOfItsKeysIsNotFound)

@@ -100,6 +100,13 @@ TEST_F(ProviderModify, KeysAndReadOnlyPropertiesArePassedOver)
     EXPECT_EQ(changesBy(all), bracketsOnly);
 }
 
+TEST_F(ProviderModify, AFailureThatTheServiceRaisesAsCimsOwnGoesOnAsItIs)
+{
+    FullService service("A", "B", "C", "D");
+    service.onChange = [](const std::string&) { dscptest::failElsewhere(); };
+    dscptest::expectFailureElsewhere([&] { modifyInstance(instance(keys("A", "B", "C", "D"))); });
+}
+
 TEST_F(ProviderModify, TheNamesOfPropertiesAreExact)
 {
     EXPECT_EQ(

@@ -36,6 +36,24 @@ CimFailure failureOf(const std::function<void()>& call)
     return {0, ""};
 }
 
+void failElsewhere()
+{
+    throw OpenWBEM::CIMException("Elsewhere.cpp", 99, OpenWBEM::CIMException::ACCESS_DENIED, "not today");
+}
+
+void expectFailureElsewhere(const std::function<void()>& call)
+{
+    try {
+        call();
+        ADD_FAILURE() << "no failure";
+    } catch (const OpenWBEM::CIMException& e) {
+        EXPECT_EQ(e.getErrNo(), OpenWBEM::CIMException::ACCESS_DENIED);
+        EXPECT_STREQ(e.OpenWBEM::Exception::getMessage(), "not today");
+        EXPECT_STREQ(e.getFile(), "Elsewhere.cpp");
+        EXPECT_EQ(e.getLine(), 99);
+    }
+}
+
 CIMValue text(const std::string& value)
 {
     return CIMValue(String(value.c_str()));
@@ -167,7 +185,7 @@ void ProviderTest::initialize()
 
 CIMInstance ProviderTest::getInstance(const CIMObjectPath& path)
 {
-    return provider.getInstance(env, "root/cimv2", path, Flags::E_NOT_LOCAL_ONLY, Flags::E_INCLUDE_QUALIFIERS,
+    return provider.getInstance(env, ns, path, Flags::E_NOT_LOCAL_ONLY, Flags::E_INCLUDE_QUALIFIERS,
                                 Flags::E_INCLUDE_CLASS_ORIGIN, nullptr, OpenWBEM::CIMClass(CIMNULL));
 }
 
@@ -197,33 +215,34 @@ class Names : public OpenWBEM::CIMObjectPathResultHandlerIFC
 std::vector<CIMInstance> ProviderTest::enumInstances(const std::string& className)
 {
     Instances result;
-    provider.enumInstances(env, "root/cimv2", className.c_str(), result, Flags::E_NOT_LOCAL_ONLY,
-                           Flags::E_DEEP, Flags::E_INCLUDE_QUALIFIERS, Flags::E_INCLUDE_CLASS_ORIGIN, nullptr,
+    provider.enumInstances(env, ns, className.c_str(), result, Flags::E_NOT_LOCAL_ONLY, Flags::E_DEEP,
+                           Flags::E_INCLUDE_QUALIFIERS, Flags::E_INCLUDE_CLASS_ORIGIN, nullptr,
                            OpenWBEM::CIMClass(CIMNULL), OpenWBEM::CIMClass(CIMNULL));
     return result.handled;
 }
 
-Lines ProviderTest::enumInstanceNames(const std::string& ns, const std::string& className)
+Lines ProviderTest::enumInstanceNames(const std::string& nameSpace, const std::string& className)
 {
     Names result;
-    provider.enumInstanceNames(env, ns.c_str(), className.c_str(), result, OpenWBEM::CIMClass(CIMNULL));
+    provider.enumInstanceNames(env, nameSpace.c_str(), className.c_str(), result,
+                               OpenWBEM::CIMClass(CIMNULL));
     return result.handled;
 }
 
-std::string ProviderTest::createInstance(const CIMInstance& instance, const std::string& ns)
+std::string ProviderTest::createInstance(const CIMInstance& instance, const std::string& nameSpace)
 {
-    return provider.createInstance(env, ns.c_str(), instance).toString().c_str();
+    return provider.createInstance(env, nameSpace.c_str(), instance).toString().c_str();
 }
 
 void ProviderTest::deleteInstance(const CIMObjectPath& path)
 {
-    provider.deleteInstance(env, "root/cimv2", path);
+    provider.deleteInstance(env, ns, path);
 }
 
 void ProviderTest::modifyInstance(const CIMInstance& instance)
 {
-    provider.modifyInstance(env, "root/cimv2", instance, CIMInstance(CIMNULL), Flags::E_INCLUDE_QUALIFIERS,
-                            nullptr, OpenWBEM::CIMClass(CIMNULL));
+    provider.modifyInstance(env, ns, instance, CIMInstance(CIMNULL), Flags::E_INCLUDE_QUALIFIERS, nullptr,
+                            OpenWBEM::CIMClass(CIMNULL));
 }
 
 } // namespace dscptest

@@ -31,6 +31,10 @@ std::ostream& operator<<(std::ostream& out, const CimFailure& failure);
 /// The failure that `call` raises; it must come from the provider's unit.
 CimFailure failureOf(const std::function<void()>& call);
 
+/// Raises a CIM failure that is none of the provider's, and expects just that one of `call`.
+[[noreturn]] void failElsewhere();
+void expectFailureElsewhere(const std::function<void()>& call);
+
 using Values = std::vector<std::pair<const char*, OpenWBEM::CIMValue>>;
 
 OpenWBEM::CIMValue text(const std::string& value);
@@ -79,14 +83,16 @@ class ProviderTest : public ServiceTest
 
     OpenWBEM::CIMInstance getInstance(const OpenWBEM::CIMObjectPath& path);
     std::vector<OpenWBEM::CIMInstance> enumInstances(const std::string& className = "ORX_ALGService");
-    Lines enumInstanceNames(const std::string& ns = "root/cimv2",
+    Lines enumInstanceNames(const std::string& nameSpace = "root/cimv2",
                             const std::string& className = "ORX_ALGService");
-    std::string createInstance(const OpenWBEM::CIMInstance& instance, const std::string& ns = "root/cimv2");
+    std::string createInstance(const OpenWBEM::CIMInstance& instance,
+                               const std::string& nameSpace = "root/cimv2");
     void deleteInstance(const OpenWBEM::CIMObjectPath& path);
     void modifyInstance(const OpenWBEM::CIMInstance& instance);
     /// Modifies the service built at the start.
     void modify(const Values& values) { modifyInstance(instance(startUpKeys() + values)); }
 
+    OpenWBEM::String ns = "root/cimv2"; ///< of the requests that do not name theirs
     ORX_ALGServiceProvider provider;
 };
 

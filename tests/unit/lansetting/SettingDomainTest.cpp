@@ -122,6 +122,23 @@ TEST_F(SettingDomain, AFileThatCannotBeWrittenLeavesTheFlagAloneToo)
     EXPECT_EQ(imageOf(model), "search new.example\n") << "the next write has it all the same";
 }
 
+TEST_F(SettingDomain, AFileThatOpensButTakesNoContentCountsAsWritten)
+{
+    for (const char* call : {"fwrite", "fclose"}) {
+        givenResolverFile("search site.example\n");
+        model.get();
+        world.clearJournal();
+        world.failNth(1, call, ENOSPC, "resolv.conf");
+        EXPECT_TRUE(model.setDomainName("new.example"));
+        EXPECT_EQ(world.journal(fakes::File | fakes::Registry | fakes::Log),
+                  (Lines{"fopen /etc/resolv.conf w", "fclose /etc/resolv.conf",
+                         "KvuSetRegEntryUint16Ex 5 DNS domainName_Flag 1"}))
+            << call;
+        EXPECT_EQ(domainNameOf(model), "new.example") << call;
+        EXPECT_EQ(imageOf(model), "search new.example\n") << call;
+    }
+}
+
 TEST_F(SettingDomain, ARegistryThatRefusesTheFlagDecidesNothing)
 {
     world.failNth(1, "KvuSetRegEntryUint16Ex", 9);

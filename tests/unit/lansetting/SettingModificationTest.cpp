@@ -104,6 +104,17 @@ TEST_F(SettingModification, AnEchoOfTheValuesReadChangesNothing)
     EXPECT_EQ(world.journal(), Lines{});
 }
 
+TEST_F(SettingModification, AnotherLetterCaseIsAnotherValue)
+{
+    givenRead();
+    modify({text("DomainName", "Example")});
+    modify({text("DomainName", "example")});
+    modify({text("DomainName", "EXAMPLE")});
+    EXPECT_EQ(world.journal(fakes::Command), (Lines{"runcommand /kv/bin/updatehosts domainname Example",
+                                                    "runcommand /kv/bin/updatehosts domainname example",
+                                                    "runcommand /kv/bin/updatehosts domainname EXAMPLE"}));
+}
+
 TEST_F(SettingModification, ComparesWithTheLastReadAndNotWithTheServer)
 {
     givenRead();

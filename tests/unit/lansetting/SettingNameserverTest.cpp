@@ -107,6 +107,16 @@ TEST_F(SettingNameserver, AnAddressThatTheServerRefusesIsAFailureBeforeAnythingI
     EXPECT_EQ(imageOf(model), "nameserver 10.0.0.1\nnameserver 10.0.0.2\n");
 }
 
+TEST_F(SettingNameserver, EveryAnswerButZeroMakesAnAddressValid)
+{
+    givenRead("nameserver 10.0.0.1\nnameserver 10.0.0.2\n");
+    world.addressVerdicts = {{"10.1.1.1", 2}, {"10.1.1.2", -1}};
+    EXPECT_TRUE(model.setPrimaryDNS("10.1.1.1"));
+    EXPECT_TRUE(model.setSecondaryDNS("10.1.1.2"));
+    EXPECT_EQ(resolverFile(), "nameserver 10.1.1.1\nnameserver 10.1.1.2\n");
+    EXPECT_EQ(world.journal(fakes::Log), Lines{});
+}
+
 TEST_F(SettingNameserver, BeforeAnyReadOnlyTheNewLineRemains)
 {
     givenResolverFile("search site.example\nnameserver 10.0.0.1\nnameserver 10.0.0.2\n");
@@ -129,6 +139,21 @@ TEST_F(SettingNameserver, AFileThatCannotBeWrittenStillSetsFlagAndField)
     EXPECT_EQ(primaryOf(model), "10.1.1.1");
     EXPECT_EQ(secondaryOf(model), "10.1.1.2");
     EXPECT_EQ(imageOf(model), "nameserver 10.1.1.1\nnameserver 10.1.1.2\n");
+}
+
+TEST_F(SettingNameserver, AFileThatOpensButTakesNoContentStillSetsFlagAndField)
+{
+    for (const char* call : {"fwrite", "fclose"}) {
+        givenRead("nameserver 10.0.0.1\nnameserver 10.0.0.2\n");
+        world.failNth(1, call, ENOSPC, "resolv.conf");
+        EXPECT_TRUE(model.setSecondaryDNS("10.1.1.2"));
+        EXPECT_EQ(world.journal(),
+                  (Lines{"dhcpIpInfoIsIPAddrValid 10.1.1.2", "fopen /etc/resolv.conf w",
+                         "fclose /etc/resolv.conf", "KvuSetRegEntryUint16Ex 5 DNS secondaryDNS_Flag 1"}))
+            << call;
+        EXPECT_EQ(secondaryOf(model), "10.1.1.2") << call;
+        EXPECT_EQ(imageOf(model), "nameserver 10.0.0.1\nnameserver 10.1.1.2\n") << call;
+    }
 }
 
 TEST_F(SettingNameserver, ARegistryThatRefusesTheFlagDecidesNothing)

@@ -261,7 +261,7 @@ TEST_F(SettingReading, ARouterCardThatCannotBeAskedForLeavesTheSwitchesAlone)
     model.get();
 
     world.officialHostName = "pbx.new.example";
-    givenResolverFile("nameserver 10.9.9.9\n");
+    givenResolverFile("nameserver 10.9.9.9\nnameserver 10.9.9.8\n");
     givenSwitches("0000");
     world.failNth(1, "osIsZODAOnePresent", 5);
     world.clearJournal();
@@ -270,8 +270,10 @@ TEST_F(SettingReading, ARouterCardThatCannotBeAskedForLeavesTheSwitchesAlone)
     EXPECT_EQ(primaryOf(model), "10.9.9.9");
     EXPECT_FALSE(flagOf(model, &ORX_LANSetting::getIsRouterPresent));
     EXPECT_EQ(switchesOf(model), "1111");
+    EXPECT_EQ(secondaryOf(model), "10.9.9.8");
     for (const std::string& line : world.journal(fakes::File))
         EXPECT_EQ(line.find(switchFile), std::string::npos) << line;
+    EXPECT_EQ(imageOf(model), "nameserver 10.9.9.9\nnameserver 10.9.9.8\n");
 }
 
 TEST_F(SettingReading, TwoFailuresComeFromTwoLines)

@@ -198,6 +198,12 @@ TEST_F(PacketFilter, ThatIsAbsentIsAnError)
     EXPECT_EQ(world.journal(), Lines{"open /dev/kv_netfilter"});
 }
 
+TEST_F(PacketFilter, IsToldEvenIfClosingItFails)
+{
+    world.failNth(1, "close", EIO);
+    EXPECT_EQ(model.notifyKernel(icmpRequest, 1), 0);
+}
+
 TEST_F(PacketFilter, ThatRefusesStaysOpen)
 {
     world.mayStayOpen = {"/dev/kv_netfilter"};
