@@ -67,7 +67,7 @@ class CIMDataType : public CIMBase
   private:
     struct Data;
     bool hasType() const;
-    static const COWReference<Data>& plain(Type type);
+    static COWReference<Data> plain(Type type);
 
     COWReference<Data> m_data;
 };

@@ -36,7 +36,7 @@ struct CIMDataType::Data : COWData<Data> {
 };
 
 // What all types that are no arrays and refer to no class share.
-const COWReference<CIMDataType::Data>& CIMDataType::plain(Type type)
+COWReference<CIMDataType::Data> CIMDataType::plain(Type type)
 {
     static const std::vector<COWReference<Data>> all = [] {
         std::vector<COWReference<Data>> made;
@@ -45,8 +45,7 @@ const COWReference<CIMDataType::Data>& CIMDataType::plain(Type type)
         }
         return made;
     }();
-    static const COWReference<Data> invalid(new Data(INVALID));
-    return type < MAXDATATYPE ? all[type] : invalid;
+    return type >= CIMNULL && type < MAXDATATYPE ? all[type] : COWReference<Data>(new Data(type));
 }
 
 CIMDataType::CIMDataType() : m_data(plain(CIMNULL)) {}

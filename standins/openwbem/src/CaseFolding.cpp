@@ -91,6 +91,9 @@ int continuationBytes(uint8_t first)
 // Bytes that are no UTF-8 get numbers beyond those of Unicode, so that they equal nothing but themselves.
 const uint32_t FIRST_BYTE_NUMBER = 0x110000;
 
+// The smallest number of a character that needs so many continuation bytes.
+const uint32_t SMALLEST[] = {0, 0x80, 0x800, 0x10000};
+
 // The number of the character at text, which is moved behind it.
 uint32_t nextCharacter(const char*& text)
 {
@@ -109,6 +112,9 @@ uint32_t nextCharacter(const char*& text)
             return FIRST_BYTE_NUMBER + first;
         }
         character = (character << 6U) | (next & 0x3FU);
+    }
+    if (character < SMALLEST[count]) {
+        return FIRST_BYTE_NUMBER + first;
     }
     text += count;
     return character;

@@ -80,6 +80,8 @@ TEST(StringComparison, takesBytesThatAreNoTextAsTheyAre)
     EXPECT_TRUE(String("\xff\xc3").equalsIgnoreCase("\xff\xc3"));
     EXPECT_FALSE(String("\xe9").equalsIgnoreCase("\xc9"));
     EXPECT_FALSE(String("\xc3").equalsIgnoreCase("\xc3\xa9"));
+    EXPECT_FALSE(String("\xe0\x81\x81").equalsIgnoreCase("A")) << "longer than needed";
+    EXPECT_FALSE(String("\xf0\x80\x83\x89").equalsIgnoreCase("\xc3\x89"));
 }
 
 TEST(StringStart, isFoundExactly)
