@@ -1,6 +1,7 @@
 #include "CCOrxConfig.hpp"
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>

@@ -3,10 +3,9 @@
 
 #include "CCOrxConfigObj.hpp"
 #include "CList.hpp"
+#include "Stream.hpp"
 
 #include <cstdint>
-#include <cstdio>
-#include <memory>
 #include <string>
 
 /// The keyword of a resolver file's name server lines, and the key under which the first of them is kept, so
@@ -66,15 +65,11 @@ class CCOrxConfig
   private:
     using Entries = CList<CCOrxConfigObj, CCOrxConfigObj>;
 
-    struct StreamCloser {
-        void operator()(std::FILE* stream) const { std::fclose(stream); }
-    };
-
     void readEntries();
     void writeEntries();
 
     char m_path[256]; ///< "" until the file has been read
-    std::unique_ptr<std::FILE, StreamCloser> m_stream;
+    Stream m_stream;
     Entries m_list;
     std::int32_t m_style;
 };

@@ -1,5 +1,7 @@
 #include "InterfaceConfiguration.hpp"
 
+#include "Stream.hpp"
+
 #include <OW_Array.hpp>
 
 #include <dhcp_ip_info.h>
@@ -26,13 +28,12 @@ String defaultGateway()
 // Appends the content of a file to `content`. False when it cannot be opened.
 bool readFile(const String& path, std::string& content)
 {
-    std::FILE* file = std::fopen(path.c_str(), "re");
-    if (file == nullptr)
+    const Stream file(std::fopen(path.c_str(), "re"));
+    if (!file)
         return false;
     char part[1024];
-    while (std::fgets(part, sizeof part, file) != nullptr)
+    while (std::fgets(part, sizeof part, file.get()) != nullptr)
         content += part;
-    std::fclose(file);
     return true;
 }
 

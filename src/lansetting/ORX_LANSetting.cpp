@@ -4,7 +4,9 @@
 #include "DomainName.hpp"
 #include "Logging.hpp"
 #include "NetfilterConfig.hpp"
+#include "RegistryArea.hpp"
 #include "ResolverImage.hpp"
+#include "Stream.hpp"
 
 #include "dhcp_ip_info.h"
 #include "kvu_registry.h"
@@ -21,7 +23,6 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <memory>
 #include <utility>
 
 namespace
@@ -36,7 +37,6 @@ constexpr const char* unit = "ORX_LANSetting.cpp";
 constexpr const char* packetFilterDevice = "/dev/kv_netfilter";
 constexpr const char* domainCommand = "/kv/bin/updatehosts domainname ";
 
-constexpr int registryArea = 5; ///< the management providers' area
 constexpr const char* registrySection = "DNS";
 
 constexpr std::size_t hostNameBuffer = 1024;
@@ -57,11 +57,6 @@ void setRegistryFlag(const char* flag)
 {
     KvuSetRegEntryUint16Ex(registryArea, registrySection, flag, 1);
 }
-
-struct StreamCloser {
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-using Stream = std::unique_ptr<std::FILE, StreamCloser>;
 
 /// False when the file cannot be opened.
 bool writeResolverFile(const String& contents)

@@ -1,5 +1,7 @@
 #include "StoredMtu.hpp"
 
+#include "RegistryArea.hpp"
+
 #include <kvu_registry.h>
 
 #include <string>
@@ -7,7 +9,6 @@
 namespace
 {
 
-constexpr int registryArea = 5;
 constexpr const char* valueName = "MTUSize";
 
 std::string keyPath(const char* ifName)

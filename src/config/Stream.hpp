@@ -1,0 +1,15 @@
+#ifndef KV_CONFIG_STREAM_HPP
+#define KV_CONFIG_STREAM_HPP
+
+#include <cstdio>
+#include <memory>
+
+struct StreamCloser {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+
+/// A file of the server that is being read or written, closed at the end of its scope; null when it could not
+/// be opened. What fclose returns is ignored: nobody could do anything about it.
+using Stream = std::unique_ptr<std::FILE, StreamCloser>;
+
+#endif
