@@ -105,7 +105,8 @@ class CList
     /// Number of entries.
     std::int32_t GetCount() const { return m_count; }
 
-    /// Deletes every entry and the pool. The list can be used again.
+    /// Deletes every entry and the pool. The list can be used again. A node that was taken with NewNode and
+    /// neither linked in nor freed is gone with the pool, without being destroyed.
     void ClearAll()
     {
         while (m_head) {
@@ -178,6 +179,7 @@ class CList
 
     void refill()
     {
+        static_assert(alignof(Place) <= alignof(std::max_align_t), "operator new aligns for no more");
         const std::size_t places = m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1;
         // Not new[], whose check of the length is in no C++ library as old as the server's.
         void* block = ::operator new((places + 1) * sizeof(Place));
@@ -186,7 +188,7 @@ class CList
         m_blockEnd = m_untouched + places;
     }
 
-    // The members keep the order of the list's layout, whatever their access.
+    // The first six members keep their order, whatever their access; what the places of a block need follows.
     std::int32_t m_count = 0;
 
   protected:
@@ -194,7 +196,7 @@ class CList
 
   private:
     Node* m_head = nullptr;
-    Node* m_spare = nullptr; ///< read by nobody; kept because it is part of the list's layout
+    Node* m_spare = nullptr; ///< read by nobody; cleared together with head and tail
     Node* m_tail = nullptr;
     Place* m_pool = nullptr;      ///< places of nodes that were given back
     Place* m_untouched = nullptr; ///< the rest of the newest block, which belongs to the pool too
