@@ -45,6 +45,12 @@ def test_imports_every_platform_function():
     assert PLATFORM_FUNCTIONS <= symbols("--undefined-only")
 
 
+def test_takes_no_lock_and_starts_no_thread():
+    """The object manager serialises requests; the platform's semaphore is the only one there is."""
+    words = ("pthread", "mutex", "sem_", "thrd", "flock", "lockf", "futex")
+    assert not [name for name in symbols("--undefined-only") if any(word in name for word in words)]
+
+
 def test_needs_neither_tests_nor_an_object_manager():
     needed = [
         line.split("[")[1].rstrip("]")

@@ -14,6 +14,19 @@ static_assert(std::has_virtual_destructor_v<CCOrxConfigObj>, "it can be derived 
 
 using Text = CCOrxConfigObj;
 
+TEST(ConfigNode, HoldsNextKeyAndValueInThisOrder)
+{
+    const CNode<Text, Text> node{nullptr, Text("k"), Text("v")};
+    const void* const next = &node.next;
+    const void* const key = &node.key;
+    const void* const value = &node.value;
+    EXPECT_LT(next, key);
+    EXPECT_LT(key, value);
+    EXPECT_EQ(node.next, nullptr);
+    EXPECT_EQ(node.key.text(), "k");
+    EXPECT_EQ(node.value.text(), "v");
+}
+
 TEST(ConfigObject, IsEmptyWithoutAText)
 {
     EXPECT_EQ(Text().text(), "");

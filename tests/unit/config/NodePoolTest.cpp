@@ -191,6 +191,16 @@ TEST_F(NodePool, GrowsOneByOneWithoutABlockSize)
     EXPECT_EQ(blocks, 3);
 }
 
+TEST_F(NodePool, GrowsOneByOneWithANegativeBlockSizeToo)
+{
+    PooledList list;
+    list.fill(0, 256);
+    list.setBlockSize(-1);
+    list.fill(256, 258);
+    EXPECT_EQ(blocks, 3);
+    EXPECT_LT(blockSize, 4 * sizeof(PooledList::Node));
+}
+
 TEST_F(NodePool, DropsAFreedNodeAndItselfWithoutABlockSize)
 {
     PooledList list;

@@ -132,6 +132,12 @@ TEST_F(StoreReading, BytesBeyondAsciiAreKeptAsTheyAre)
     EXPECT_EQ(rewritten("k\xFF\x01 \x80\xC3\xA4\x7F\n", Blank), "k\xFF\x01   \x80\xC3\xA4\x7F\n");
 }
 
+TEST_F(StoreReading, VerticalTabsAndFormFeedsSeparateNothing)
+{
+    EXPECT_EQ(rewritten("k\vl\f \v1\f\n", Blank), "k\vl\f   \v1\f\n");
+    EXPECT_EQ(rewritten("k\vl\f=\v1\f\n", Equals), "k\vl\f=\v1\f\n");
+}
+
 TEST_F(StoreReading, TheFirstNameserverOfTheBlankStyleIsKeptAsDns)
 {
     givenFile("search lan\nnameserver 10.0.0.1\nnameserver 10.0.0.2\nnameserver 10.0.0.3\n");
