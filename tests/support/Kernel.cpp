@@ -84,6 +84,14 @@ bool answersMii(const Interface& interface, unsigned long number)
     return interface.mii == (standard ? Interface::Mii::Standard : Interface::Mii::Private);
 }
 
+// A driver may leave anything in the two numbers that a register read is asked with, so it does.
+void readRegister(const Interface& interface, mii_ioctl_data& mii)
+{
+    mii.val_out = mii.phy_id == interface.phy && mii.reg_num < 8 ? interface.registers[mii.reg_num] : 0xFFFF;
+    mii.phy_id = static_cast<std::uint16_t>(~mii.phy_id);
+    mii.reg_num = static_cast<std::uint16_t>(~mii.reg_num);
+}
+
 int answerMii(const Interface& interface, unsigned long number, ifreq& request)
 {
     if (!answersMii(interface, number)) {
@@ -94,8 +102,7 @@ int answerMii(const Interface& interface, unsigned long number, ifreq& request)
     if (!isRegisterRead(number) && mii.phy_id != 0)
         World::current()->problem("an MII request for the PHY address did not start from address 0");
     if (isRegisterRead(number))
-        mii.val_out =
-            mii.phy_id == interface.phy && mii.reg_num < 8 ? interface.registers[mii.reg_num] : 0xFFFF;
+        readRegister(interface, mii);
     else
         mii.phy_id = interface.phy;
     std::memcpy(&request.ifr_ifru, &mii, sizeof mii);
