@@ -84,6 +84,13 @@ bool answersMii(const Interface& interface, unsigned long number)
     return interface.mii == (standard ? Interface::Mii::Standard : Interface::Mii::Private);
 }
 
+// The kernel copies a whole request: what the product has not cleared behind the name goes with it.
+bool isEmptyBehindTheName(const ifreq& request)
+{
+    const ifreq empty{};
+    return std::memcmp(&request.ifr_ifru, &empty.ifr_ifru, sizeof empty.ifr_ifru) == 0;
+}
+
 // A driver may leave anything in the two numbers that a register read is asked with, so it does.
 void readRegister(const Interface& interface, mii_ioctl_data& mii)
 {
@@ -124,6 +131,8 @@ int answer(Interface& interface, unsigned long number, ifreq& request)
         interface.mtu = request.ifr_mtu;
         return 0;
     case SIOCGIFHWADDR:
+        if (!isEmptyBehindTheName(request))
+            World::current()->problem("SIOCGIFHWADDR with a request that was not cleared behind the name");
         std::memcpy(request.ifr_hwaddr.sa_data, interface.mac.data(), interface.mac.size());
         return 0;
     default:

@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
+#include <new>
 
 using fakes::Lines;
 
@@ -113,6 +115,18 @@ TEST_F(InterfaceRequests, TheHardwareAddressComesInTheOrderInWhichItIsWritten)
     InterfaceRequest::HardwareAddress address = {};
     EXPECT_TRUE(InterfaceRequest("eth1").getHardwareAddress(address));
     EXPECT_EQ((InterfaceRequest::HardwareAddress{0xde, 0xad, 0xbe, 0xef, 0x00, 0x01}), address);
+}
+
+TEST_F(InterfaceRequests, ANewRequestIsEmptyBehindTheNameWhateverItsMemoryHeld)
+{
+    alignas(InterfaceRequest) unsigned char memory[sizeof(InterfaceRequest)];
+    std::memset(memory, 0xEE, sizeof memory);
+    auto* const request = new (memory) InterfaceRequest("eth1");
+    InterfaceRequest::HardwareAddress address = {};
+    EXPECT_TRUE(
+        request->getHardwareAddress(address)); // a request that is not empty is a problem of the world
+    request->~InterfaceRequest();
+    EXPECT_EQ((Lines{"socket", "ioctl SIOCGIFHWADDR eth1", "close socket"}), world.journal());
 }
 
 TEST_F(InterfaceRequests, TheRequestNumbersAreTheKernelsOwn)
