@@ -48,6 +48,19 @@ TEST_F(StoredMtus, TheMtuIsWrittenToTheSamePlace)
               world.journal());
 }
 
+TEST_F(StoredMtus, TheKeyHasTheWholeNameHoweverLongItIs)
+{
+    std::uint16_t mtu = 0;
+    storedmtu::write("fifteen_letters and many more", 1400);
+    EXPECT_EQ(0U, storedmtu::read("fifteen_letters and many more", mtu));
+    EXPECT_EQ(1400, mtu);
+    EXPECT_EQ(
+        (Lines{
+            "KvuSetRegEntryUint16Ex 5 providers\\ORX_LANProvider\\fifteen_letters and many more MTUSize 1400",
+            "KvuGetRegEntryUint16Ex 5 providers\\ORX_LANProvider\\fifteen_letters and many more MTUSize"}),
+        world.journal());
+}
+
 TEST_F(StoredMtus, AFailedWriteIsIgnored)
 {
     world.failNth(1, "KvuSetRegEntryUint16Ex", 5);

@@ -104,13 +104,15 @@ TEST_F(StartupMtu, ASocketThatCannotBeOpenedIsReportedWithPerrorAlone)
     EXPECT_EQ((Lines{"socket", "perror socket: Too many open files"}), world.journal());
 }
 
-TEST_F(StartupMtu, ALongNameIsCutToFifteenCharacters)
+TEST_F(StartupMtu, ALongNameIsCutToFifteenCharactersForTheKernelAndWholeForTheRegistry)
 {
+    const std::string value = "5 providers\\ORX_LANProvider\\abcdefghijklmnopqrst MTUSize";
     world.interfaces["abcdefghijklmno"].mtu = 1300;
     setMTUSize("abcdefghijklmnopqrst");
-    EXPECT_EQ((Lines{"socket", "ioctl SIOCGIFMTU abcdefghijklmno", "ioctl SIOCSIFMTU abcdefghijklmno 1300",
+    EXPECT_EQ((Lines{"socket", "KvuGetRegEntryUint16Ex " + value, "ioctl SIOCGIFMTU abcdefghijklmno",
+                     "KvuSetRegEntryUint16Ex " + value + " 1300", "ioctl SIOCSIFMTU abcdefghijklmno 1300",
                      "close socket"}),
-              world.journal(fakes::Kernel));
+              world.journal());
 }
 
 } // namespace
