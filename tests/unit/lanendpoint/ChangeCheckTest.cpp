@@ -30,6 +30,10 @@ class ChangeChecks : public EndpointServer
     void expectOnlyReadAnd(const Lines& checks) { EXPECT_EQ(reading("eth1") + checks, world.journal()); }
 
     const Lines neighbours = {"dhcpIpInfoGetIPInfo eth0", "dhcpIpInfoGetIPInfo eth2"};
+
+    /// Texts that the C library reads as a mask, with an abbreviation, an octal or hexadecimal part or a
+    /// blank behind it, and that are none by their text.
+    const Lines looseMasks = {"255.255.255", "255.255.255.000", "0xff.255.255.0", "255.255.255.0 "};
 };
 
 TEST_F(ChangeChecks, UnchangedValuesPassAllChecksAndDoNothing)
@@ -96,6 +100,27 @@ TEST_F(ChangeChecks, AMaskWithAGapIsInvalid)
 {
     EXPECT_EQ(3, outcome("eth1", "10.0.1.6", "255.255.0.255", "10.0.0.1"));
     expectOnlyReadAnd(Lines{"dhcpIpInfoIsIPAddrValid 10.0.1.6"} + neighbours);
+}
+
+TEST_F(ChangeChecks, AMaskInALooseFormIsReadForTheNetworksAndThenInvalid)
+{
+    for (const std::string& mask : looseMasks) {
+        EXPECT_EQ(3, outcome("eth1", "10.0.1.6", mask.c_str(), "10.0.0.1")) << mask;
+        expectOnlyReadAnd(Lines{"dhcpIpInfoIsIPAddrValid 10.0.1.6"} + neighbours);
+    }
+}
+
+TEST_F(ChangeChecks, ANeighboursMaskInALooseFormIsComparedLikeAnyOther)
+{
+    for (const std::string& mask : looseMasks) {
+        configureStatic("eth2", "172.16.0.1", mask);
+        EXPECT_EQ(1, outcome("eth1", "10.0.0.6", "255.255.255.0", "10.0.0.1")) << mask;
+        EXPECT_EQ(reading("eth1") + checking("eth1", "10.0.0.6", "10.0.0.1") +
+                      addressChange("eth1", "10.0.0.6"),
+                  world.journal());
+        EXPECT_EQ(5, outcome("eth1", "172.16.0.6", "255.255.255.0", "10.0.0.1")) << mask;
+        expectOnlyReadAnd(Lines{"dhcpIpInfoIsIPAddrValid 172.16.0.6"} + neighbours);
+    }
 }
 
 TEST_F(ChangeChecks, TheNetworksAreComparedAgainAfterTheMaskCheck)
@@ -201,22 +226,43 @@ TEST_F(ChangeChecks, HoweverItEndsTheChangeIsNoLongerInProgress)
         endpoint.setIPAddress("nonsense");
         return !world.journal().empty();
     };
+    struct Change {
+        const char *address, *mask, *gateway;
+        int outcome;
+    };
+    const Change changes[] = {
+        {"nonsense", "255.255.255.0", "10.0.0.1", 2},    {"10.0.0.0", "255.255.255.0", "10.0.0.1", 2},
+        {"192.168.0.9", "255.255.255.0", "10.0.0.1", 5}, {"10.0.1.6", "255.255.0.255", "10.0.0.1", 3},
+        {"10.0.0.6", "255.255.255.0", "nonsense", 2},    {"10.0.0.5", "255.255.255.0", "10.0.0.1", 1}};
     ORX_LANEndpointAPI endpoint("eth1");
-    endpoint.get();
-    endpoint.startChange();
-    EXPECT_FALSE(appliesAtOnce(endpoint));
-    EXPECT_EQ(2, endpoint.endChange()); // refused
-    EXPECT_TRUE(appliesAtOnce(endpoint));
-
-    endpoint.get();
-    endpoint.startChange();
-    EXPECT_EQ(1, endpoint.endChange()); // done
-    EXPECT_TRUE(appliesAtOnce(endpoint));
+    for (const Change& change : changes) {
+        SCOPED_TRACE(std::string(change.address) + " " + change.mask + " " + change.gateway);
+        endpoint.startChange();
+        EXPECT_FALSE(appliesAtOnce(endpoint));
+        endpoint.setIPAddress(change.address);
+        endpoint.setSubnetMask(change.mask);
+        endpoint.setGateway(change.gateway);
+        EXPECT_EQ(change.outcome, endpoint.endChange());
+        EXPECT_TRUE(appliesAtOnce(endpoint));
+    }
 
     configureDhcp("eth1", "10.0.0.77", "255.255.255.0");
     endpoint.startChange();
     EXPECT_EQ(1, endpoint.endChange()); // nothing to do
     EXPECT_TRUE(appliesAtOnce(endpoint));
+}
+
+TEST_F(ChangeChecks, AnOverlapFoundAgainEndsTheChangeToo)
+{
+    world.failNth(1, "dhcpIpInfoGetIPInfo", 1, "eth0"); // passed over the first time
+    ORX_LANEndpointAPI endpoint("eth1");
+    endpoint.startChange();
+    endpoint.setIPAddress("192.168.0.9");
+    endpoint.setSubnetMask("255.255.255.0");
+    EXPECT_EQ(5, endpoint.endChange());
+    world.clearJournal();
+    endpoint.setIPAddress("nonsense"); // applied at once
+    EXPECT_EQ(reading("eth1") + Lines{"dhcpIpInfoIsIPAddrValid nonsense"}, world.journal());
 }
 
 } // namespace
