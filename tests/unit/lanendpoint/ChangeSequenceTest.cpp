@@ -125,6 +125,33 @@ TEST_F(ChangeSequences, ANewGatewayOfTheOamLanMovesTheDefaultRouteOfTheCustomerL
         world.journal(Effects));
 }
 
+TEST_F(ChangeSequences, ANameThatOnlyBeginsLikeTheCustomerLansDoesNotTouchTheHosts)
+{
+    configureStatic("eth10", "10.3.0.5", "255.255.255.0");
+    ORX_LANEndpointAPI endpoint = begun("eth10");
+    endpoint.setIPAddress("10.3.0.6");
+    EXPECT_EQ(1, end(endpoint));
+    EXPECT_EQ(reading("eth10") + checking("eth10", "10.3.0.6", "") +
+                  bracketed("/kv/bin/updateFile ifcfg eth10 IPADDR 10.3.0.6") + restart("eth10") +
+                  dhcpNotice("eth10") + emsNotice("eth1"),
+              world.journal());
+}
+
+TEST_F(ChangeSequences, EveryNameWithAZeroBehindEthKeepsFromTheDhcpService)
+{
+    configureStatic("eth01", "10.3.0.5", "255.255.255.0");
+    ORX_LANEndpointAPI endpoint = begun("eth01");
+    endpoint.setIPAddress("10.3.0.6");
+    endpoint.setSubnetMask("255.255.0.0");
+    endpoint.setGateway("10.0.0.2");
+    EXPECT_EQ(1, end(endpoint));
+    EXPECT_EQ(reading("eth01") + checking("eth01", "10.3.0.6", "10.0.0.2") +
+                  bracketed("/kv/bin/updateFile ifcfg eth01 IPADDR 10.3.0.6") + restart("eth01") +
+                  emsNotice("eth0") + bracketed("/kv/bin/updateFile ifcfg eth01 NETMASK 255.255.0.0") +
+                  restart("eth01") + gatewayChange("eth0", "", "10.0.0.2"),
+              world.journal());
+}
+
 TEST_F(ChangeSequences, AnEmptiedGatewayIsPassedOnEmpty)
 {
     ORX_LANEndpointAPI endpoint = begun("eth1");

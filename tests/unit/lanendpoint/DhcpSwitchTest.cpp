@@ -43,13 +43,9 @@ class DhcpSwitches : public EndpointServer
                 "runcommand /kv/bin/dhcp_ippaddr.sh " + ifName + " &"};
     }
 
-    const IPInfo inForce = {"10.9.8.7", "255.255.248.0", "10.9.8.1"};
-    const Lines notice = {"dhcpIpInfoInformDHCPProviderOfIPConfigChange"};
-};
-
-TEST_F(DhcpSwitches, SwitchingOnStartsTheScriptAndLeavesVoiceMessagingToIt)
-{
-    for (const std::string ifName : {"eth1", "eth2"}) {
+    /// A switch from the fixed address of `ifName` to DHCP, with another address in force.
+    void expectSwitchingOn(const std::string& ifName)
+    {
         ORX_LANEndpointAPI endpoint = read(ifName);
         world.addresses[ifName] = inForce;
         world.clearJournal();
@@ -57,6 +53,15 @@ TEST_F(DhcpSwitches, SwitchingOnStartsTheScriptAndLeavesVoiceMessagingToIt)
         EXPECT_TRUE(isDhcpEnabled(endpoint));
         EXPECT_EQ(rewrites(ifName, "dhcp", inForce) + backgroundScript(ifName) + notice, world.journal());
     }
+
+    const IPInfo inForce = {"10.9.8.7", "255.255.248.0", "10.9.8.1"};
+    const Lines notice = {"dhcpIpInfoInformDHCPProviderOfIPConfigChange"};
+};
+
+TEST_F(DhcpSwitches, SwitchingOnStartsTheScriptAndLeavesVoiceMessagingToIt)
+{
+    for (const char* ifName : {"eth1", "eth2"})
+        expectSwitchingOn(ifName);
 }
 
 TEST_F(DhcpSwitches, SwitchingOffKeepsTheAddressInForce)
@@ -86,6 +91,12 @@ TEST_F(DhcpSwitches, TheInternalLanIsNeverSwitched)
     EXPECT_EQ(0, endpoint.setIsDHCPEnabled(false));
     EXPECT_TRUE(isDhcpEnabled(endpoint));
     EXPECT_EQ(Lines{}, world.journal());
+}
+
+TEST_F(DhcpSwitches, AnInterfaceWhoseNameOnlyBeginsLikeTheInternalLansIsSwitched)
+{
+    configureStatic("eth01", "10.3.0.5", "255.255.255.0");
+    expectSwitchingOn("eth01");
 }
 
 TEST_F(DhcpSwitches, ASwitchToWhatIsDoesNothing)

@@ -43,6 +43,13 @@ TEST_F(EmsNotices, AChangeIsAnnouncedWithTheBitOfTheInterface)
     EXPECT_EQ(&EmsIPChangePacketHandler, world.emsHandler);
 }
 
+TEST_F(EmsNotices, TheBitIsThatOfTheOneDigitBehindEth)
+{
+    for (const char* ifName : {"eth01", "eth12", "eth2.7"})
+        EXPECT_EQ(0, ORX_LANEndpointAPI(ifName).notifyEMS());
+    EXPECT_EQ(emsNotice("eth0") + emsNotice("eth1") + emsNotice("eth2"), world.journal());
+}
+
 TEST_F(EmsNotices, NamesWithoutAnInterfaceNumberAnnounceNoBitThatTheyDoNotHave)
 {
     for (const char* ifName : {"", "eth", "eth ", "eth\xff", "ethz"})

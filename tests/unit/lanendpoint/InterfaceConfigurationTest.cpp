@@ -182,6 +182,15 @@ TEST_F(InterfaceFiles, OnlyTheCustomerLanAsksForTheDefaultGateway)
     EXPECT_EQ(reading("eth0") + reading("eth1") + reading("eth2"), world.journal());
 }
 
+TEST_F(InterfaceFiles, ANameThatOnlyBeginsLikeTheCustomerLansAsksThePlatformNothing)
+{
+    configureDhcp("eth10", "10.3.0.77", "255.255.255.128");
+    const InterfaceConfiguration configuration = read("eth10");
+    EXPECT_EQ("1.1.1.1 255.0.0.0 dhcp", shown(configuration));
+    EXPECT_STREQ("", configuration.gateway.c_str());
+    EXPECT_EQ(reading("eth10"), world.journal());
+}
+
 TEST_F(InterfaceFiles, OnDhcpTheCustomerLanTakesTheAddressInForce)
 {
     configureDhcp("eth1", "10.0.0.77", "255.255.255.128");
