@@ -118,6 +118,17 @@ TEST_F(AddressValidation, TheOwnInterfaceIsNoNeighbour)
               world.journal());
 }
 
+TEST_F(AddressValidation, AnInterfaceOfNoneOfTheThreeNamesHasAllThreeAsNeighbours)
+{
+    for (const char* name : {"eth7", "", "eth", "eth01", "eth10", "eth2 ", "xyz1", "Customer LAN"}) {
+        world.clearJournal();
+        EXPECT_EQ(1, ORX_LANEndpointAPI(name).uniqueSubnet("10.3.0.6", "255.255.255.0")) << name;
+        EXPECT_EQ((Lines{"dhcpIpInfoGetIPInfo eth0", "dhcpIpInfoGetIPInfo eth1", "dhcpIpInfoGetIPInfo eth2"}),
+                  world.journal())
+            << name;
+    }
+}
+
 TEST_F(AddressValidation, ANetworkOfANeighbourIsNotUnique)
 {
     EXPECT_EQ(0, eth1.uniqueSubnet("192.168.0.9", "255.255.255.0"));
