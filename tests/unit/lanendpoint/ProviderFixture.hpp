@@ -49,6 +49,25 @@ class ProviderTest : public EndpointServer
     /// What the failure texts of the guard call the request's target, with the line break behind it.
     static std::string unknownError(const char* operation, const OpenWBEM::String& target);
 
+    /// shown() of eth1 as the EndpointServer has it.
+    const Lines eth1Instance = {
+        "string:SystemCreationClassName=ORX_LANEndpoint",
+        "string:SystemName=ORX_K30v",
+        "string:CreationClassName=ORX_LANEndpoint",
+        "string:Name=eth1",
+        "string:MACAddress=00:0a:f7:01:02:a1",
+        "sint32:MaxDataSize=1500",
+        "string:IPAddress=10.0.0.5 [ImpactWarning=Changing IP address will restart Voice Messaging.]",
+        "string:SubnetMask=255.255.255.0 [ImpactWarning=Changing subnet mask will restart Voice Messaging.]",
+        "string:DefaultGateway=10.0.0.1",
+        "boolean:isDhcpEnabled=false [ImpactWarning=Changing DHCP will restart Voice Messaging.]",
+        "string:Description=Customer LAN",
+        "uint16:OperationalStatus=1",
+        "uint16:EnabledState=1",
+        "datetime:TimeOfLastStateChange=00000000000000.000000+000",
+        "uint16:ProtocolIFType=6",
+        "uint64:Speed=10000000"};
+
     ORX_LANEndpointProvider provider;
     Overrides overrides;
 };

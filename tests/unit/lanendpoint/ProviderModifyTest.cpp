@@ -8,6 +8,7 @@
 
 using namespace fakes; // for the sums of journal lines
 using OpenWBEM::CIMDataType;
+using OpenWBEM::CIMException;
 using OpenWBEM::CIMInstance;
 using OpenWBEM::CIMProperty;
 using OpenWBEM::CIMValue;
@@ -279,6 +280,44 @@ TEST_F(EndpointModifications, AnyOtherResultOfTheAddressSetterIsTracedAsSucceede
     overrides.results["setIPAddress"] = 7;
     modify({property("IPAddress", "10.0.0.6")});
     EXPECT_EQ(traces, effects());
+}
+
+TEST_F(EndpointModifications, AnAddressIsTracedOnlyBehindItsSetter)
+{
+    overrides.interruptions["setIPAddress"] = [this] { world.record(Log, "setIPAddress"); };
+    modify({property("IPAddress", "10.0.0.5")});
+    EXPECT_EQ(Lines{"setIPAddress"} + traces, effects());
+}
+
+TEST_F(EndpointModifications, AnAddressWhoseSetterThrowsIsNotTraced)
+{
+    overrides.interruptions["setIPAddress"] = [] {
+        throw CIMException("Elsewhere.cpp", 7, CIMException::ACCESS_DENIED, "no");
+    };
+    EXPECT_EQ("Elsewhere.cpp 2 no",
+              failureOfModifying({property("IPAddress", "10.0.0.6"), property("MaxDataSize", 1400)}));
+    EXPECT_EQ(Lines{}, effects());
+}
+
+TEST_F(EndpointModifications, OnlyTheResultZeroRefuses)
+{
+    overrides.interruptions["endChange"] = [this] { world.record(Log, "endChange"); };
+    for (const char* operation : {"startChange", "setMaxDataSize", "setSubnetMask", "setGateway",
+                                  "setIsDHCPEnabled", "setIPAddress", "endChange"}) {
+        for (const int result : {2, -1}) {
+            SCOPED_TRACE(std::string(operation) + " " + std::to_string(result));
+            world.clearJournal();
+            overrides.results = {{operation, result}};
+            // As they are, all but the MTU; the address comes last, so that its traces show that it came to
+            // it.
+            EXPECT_EQ("nothing", failureOfModifying(
+                                     {property("MaxDataSize", 1400), property("SubnetMask", "255.255.255.0"),
+                                      property("DefaultGateway", "10.0.0.1"),
+                                      property("isDhcpEnabled", false), property("IPAddress", "10.0.0.5")}));
+            const bool setsMtu = operation != std::string("setMaxDataSize");
+            EXPECT_EQ((setsMtu ? mtuChange : Lines{}) + traces + Lines{"endChange"}, effects());
+        }
+    }
 }
 
 TEST_F(EndpointModifications, AChangeThatCannotBeginIsRefused)

@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cerrno>
-#include <net/if.h>
-
 using namespace fakes; // for the sums of journal lines
 using OpenWBEM::CIMDateTime;
 using OpenWBEM::CIMInstance;
@@ -37,24 +34,6 @@ class EndpointReads : public ProviderTest
         return {"string:SystemCreationClassName=ORX_LANEndpoint", "string:SystemName=ORX_K30v",
                 "string:CreationClassName=ORX_LANEndpoint", "string:Name=" + ifName};
     }
-
-    const Lines eth1Instance = {
-        "string:SystemCreationClassName=ORX_LANEndpoint",
-        "string:SystemName=ORX_K30v",
-        "string:CreationClassName=ORX_LANEndpoint",
-        "string:Name=eth1",
-        "string:MACAddress=00:0a:f7:01:02:a1",
-        "sint32:MaxDataSize=1500",
-        "string:IPAddress=10.0.0.5 [ImpactWarning=Changing IP address will restart Voice Messaging.]",
-        "string:SubnetMask=255.255.255.0 [ImpactWarning=Changing subnet mask will restart Voice Messaging.]",
-        "string:DefaultGateway=10.0.0.1",
-        "boolean:isDhcpEnabled=false [ImpactWarning=Changing DHCP will restart Voice Messaging.]",
-        "string:Description=Customer LAN",
-        "uint16:OperationalStatus=1",
-        "uint16:EnabledState=1",
-        "datetime:TimeOfLastStateChange=00000000000000.000000+000",
-        "uint16:ProtocolIFType=6",
-        "uint64:Speed=10000000"};
 };
 
 TEST_F(EndpointReads, ThreeNamesAreEnumerated)
@@ -210,91 +189,6 @@ TEST_F(EndpointReads, AMissingInterfaceIsListedWithEmptyData)
                "uint64:Speed=10000000"}),
         shown(instances[1]));
     EXPECT_EQ(shown(instances[1]), shown(getInstance("eth1")));
-}
-
-TEST_F(EndpointReads, StatesThatCannotBeReadAreLeftOutOrEmptyInASingleInstance)
-{
-    world.failNth(2, "socket", EMFILE); // the first one is for the hardware address
-    world.failNth(3, "socket", EMFILE);
-    world.failNth(4, "socket", EMFILE);
-    Lines expected = eth1Instance;
-    expected[12] = "string:EnabledState=";
-    expected.erase(expected.begin() + 15); // Speed
-    expected.erase(expected.begin() + 11); // OperationalStatus
-    EXPECT_EQ(expected, shown(getInstance("eth1")));
-}
-
-TEST_F(EndpointReads, AnEnumeratedInstanceKeepsTheOperationalStatusOfTheOneBefore)
-{
-    world.interfaces["eth0"].flags = 0; // operational status 2
-    world.failNth(8, "socket", EMFILE); // eth0 takes six; eth1's first is for the hardware address
-    world.failNth(9, "socket", EMFILE);
-    const std::vector<CIMInstance> instances = enumInstances();
-    ASSERT_EQ(3U, instances.size());
-    EXPECT_EQ("uint16:OperationalStatus=2", shown(instances[0], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=2", shown(instances[0], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=2", shown(instances[1], "OperationalStatus"));
-    EXPECT_EQ("string:EnabledState=", shown(instances[1], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=1", shown(instances[2], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=1", shown(instances[2], "EnabledState"));
-}
-
-TEST_F(EndpointReads, TheFirstEnumeratedInstanceHasNoOperationalStatusToKeep)
-{
-    world.failNth(2, "socket", EMFILE);
-    world.failNth(3, "socket", EMFILE);
-    const std::vector<CIMInstance> instances = enumInstances();
-    ASSERT_EQ(3U, instances.size());
-    EXPECT_EQ("", shown(instances[0], "OperationalStatus"));
-    EXPECT_EQ("string:EnabledState=", shown(instances[0], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=1", shown(instances[1], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=1", shown(instances[1], "EnabledState"));
-}
-
-TEST_F(EndpointReads, APropertyWhoseGetterFailsIsLeftOut)
-{
-    const std::vector<std::pair<const char*, const char*>> getters = {
-        {"getMACAddress", "MACAddress"},
-        {"getMaxDataSize", "MaxDataSize"},
-        {"getSubnetMask", "SubnetMask"},
-        {"getGateway", "DefaultGateway"},
-        {"getIsDHCPEnabled", "isDhcpEnabled"},
-        {"getDescription", "Description"},
-        {"getOperationalStatus", "OperationalStatus"},
-        {"getTimeOfLastStateChange", "TimeOfLastStateChange"},
-        {"getProtocolIFType", "ProtocolIFType"},
-        {"getSpeed", "Speed"}};
-    for (const auto& [getter, property] : getters) {
-        overrides.results = {{getter, 0}};
-        const CIMInstance instance = getInstance("eth1");
-        EXPECT_EQ("", shown(instance, property));
-        EXPECT_EQ(15U, shown(instance).size());
-    }
-}
-
-TEST_F(EndpointReads, AnAddressThatCannotBeReadIsAFailureNamedAfterTheSetter)
-{
-    for (const int result : {0, 2}) {
-        overrides.results["getIPAddress"] = result;
-        EXPECT_EQ("ORX_LANEndpointProvider.cpp 1 Error: setIPAddress!!",
-                  failureOf([this] { getInstance("eth1"); }));
-    }
-    EXPECT_EQ(Lines{}, world.journal(Log));
-}
-
-TEST_F(EndpointReads, ANameThatCannotBeReadEndsTheEnumerationOfNames)
-{
-    overrides.results["getName"] = 0;
-    EXPECT_EQ("ORX_LANEndpointProvider.cpp 6", failureOf([this] { enumInstanceNames(); }));
-    EXPECT_EQ(Lines{}, world.journal());
-}
-
-TEST_F(EndpointReads, ANameThatCannotBeReadIsLeftOutOfAnInstance)
-{
-    overrides.results = {{"getName", 0}, {"getDescription", 0}};
-    const CIMInstance instance = getInstance("eth1");
-    EXPECT_EQ("", shown(instance, "Name"));
-    EXPECT_EQ("string:CreationClassName=ORX_LANEndpoint", shown(instance, "CreationClassName"));
 }
 
 TEST_F(EndpointReads, InitializingAsksForTheProcessIdAndBeginsAnew)
