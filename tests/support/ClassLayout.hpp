@@ -1,0 +1,39 @@
+#ifndef KV_TESTS_CLASSLAYOUT_HPP
+#define KV_TESTS_CLASSLAYOUT_HPP
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstring>
+#include <string>
+#include <typeinfo>
+#include <vector>
+
+namespace fakes
+{
+
+// In the Itanium C++ ABI, which GCC and Clang follow on this server and on the development machine, a pointer
+// to a virtual member holds the offset of its slot plus one. A virtual destructor takes two slots.
+template <typename Member>
+std::size_t slot(Member member)
+{
+    static_assert(sizeof member >= sizeof(std::ptrdiff_t));
+    std::ptrdiff_t offsetPlusOne = 0;
+    std::memcpy(&offsetPlusOne, &member, sizeof offsetPlusOne);
+    return static_cast<std::size_t>(offsetPlusOne - 1) / sizeof(void*);
+}
+
+/// Expects the slots to follow each other without a gap, beginning with `first`.
+inline void expectConsecutive(std::size_t first, const std::vector<std::size_t>& slots)
+{
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        EXPECT_EQ(slots[i], i + first) << "operation " << i;
+}
+
+/// The direct bases of a class in their order, each as "[public ][virtual ]<name>". Empty for a class without
+/// bases and for one with nothing but a single public base that is not virtual.
+std::vector<std::string> basesOf(const std::type_info& type);
+
+} // namespace fakes
+
+#endif
