@@ -27,8 +27,8 @@ class ORX_LANEndpointProvider : public OpenWBEM::CppInstanceProviderIFC, public 
                            const OpenWBEM::String& className, OpenWBEM::CIMObjectPathResultHandlerIFC& result,
                            const OpenWBEM::CIMClass& cimClass) override;
 
-    /// One instance object is filled anew for each interface, so that OperationalStatus, which is left out
-    /// when it cannot be read, still has the value of the interface before.
+    /// One instance object is filled anew for each interface, so that a property that is left out because it
+    /// cannot be read, OperationalStatus or Speed, still has the value of the interface before.
     void enumInstances(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                        const OpenWBEM::String& className, OpenWBEM::CIMInstanceResultHandlerIFC& result,
                        OpenWBEM::WBEMFlags::ELocalOnlyFlag localOnly, OpenWBEM::WBEMFlags::EDeepFlag deep,
