@@ -1,6 +1,7 @@
 #include "ServiceTest.hpp"
 
 #include "FlowTexts.hpp"
+#include "MarkingService.hpp"
 #include "dscLog.hpp"
 
 #include <cstdarg>
@@ -61,14 +62,6 @@ ORX_ALGServiceInstanceManager* goBackToDefaultManager()
     return ORX_ALGService::getInstanceManager();
 }
 
-void deleteServices(ORX_ALGServiceInstanceManager& manager)
-{
-    manager.startIteration();
-    while (manager.hasNext())
-        delete manager.next();
-    manager.endIteration();
-}
-
 } // namespace
 
 ServiceTest::ServiceTest() : defaultManager(goBackToDefaultManager())
@@ -78,12 +71,7 @@ ServiceTest::ServiceTest() : defaultManager(goBackToDefaultManager())
 
 ServiceTest::~ServiceTest()
 {
-    ORX_ALGServiceInstanceManager* const installed = ORX_ALGService::getInstanceManager();
-    deleteServices(*installed);
-    if (installed != defaultManager) {
-        ORX_ALGService::ClearInstanceManager();
-        delete installed;
-    }
+    fakes::releaseMarkingService();
 }
 
 } // namespace dscptest

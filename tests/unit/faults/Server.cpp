@@ -1,8 +1,7 @@
 #include "Server.hpp"
 
 #include "Logging.hpp"
-#include "ORX_ALGService.hpp"
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "MarkingService.hpp"
 #include "ORX_LANSettingProvider.hpp"
 
 #include <OW_CIM.hpp>
@@ -49,7 +48,7 @@ Server::Server()
 
 Server::~Server()
 {
-    releaseMarkingService();
+    fakes::releaseMarkingService();
     setting = ORX_LANSetting();
     const auto open = world.descriptors;
     for (const auto& [descriptor, what] : open)
@@ -87,22 +86,11 @@ void Server::prepare()
           "videomediamenu", "videomediatosbyte", "faxmediamenu", "faxmediatosbyte"})
         world.registry[{"HTS\\DSCPMarking", key}] = 0;
 
-    releaseMarkingService();
+    fakes::releaseMarkingService();
     setting = ORX_LANSetting();
     provider.initialize(env);
     readEverything();
     world.clearJournal();
-}
-
-void Server::releaseMarkingService()
-{
-    ORX_ALGServiceInstanceManager* manager = ORX_ALGService::getInstanceManager();
-    for (manager->startIteration(); manager->hasNext();)
-        delete manager->next();
-    manager->endIteration();
-    ORX_ALGService::ClearInstanceManager();
-    if (manager != ORX_ALGService::getInstanceManager())
-        delete manager;
 }
 
 void Server::readEverything()

@@ -36,9 +36,6 @@ class Server
     /// Makes eth1 take its address from DHCP.
     void configureDhcp();
 
-    /// Gives up the marking service, as if the library had not been initialised.
-    static void releaseMarkingService();
-
     /// Reads all three classes; throws what the provider throws.
     void readEverything();
 

@@ -1,6 +1,7 @@
 // Every call that the initialisation of the library makes, failing.
 
 #include "FaultMatrix.hpp"
+#include "MarkingService.hpp"
 
 #include <gtest/gtest.h>
 
@@ -18,13 +19,13 @@ void initialize(Server& server)
 
 TEST(StartFaults, AServerThatIsSetUpStartsWhateverFails)
 {
-    EXPECT_EQ(Lines{}, consequences({[](Server&) { Server::releaseMarkingService(); }, initialize}));
+    EXPECT_EQ(Lines{}, consequences({[](Server&) { fakes::releaseMarkingService(); }, initialize}));
 }
 
 TEST(StartFaults, ANewServerStartsWhateverFails)
 {
     EXPECT_EQ(Lines{}, consequences({[](Server& server) {
-                                         Server::releaseMarkingService();
+                                         fakes::releaseMarkingService();
                                          server.world.registry.clear();
                                      },
                                      initialize}));

@@ -1,7 +1,6 @@
 #include "RoofFixture.hpp"
 
-#include "ORX_ALGService.hpp"
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "MarkingService.hpp"
 #include "StandardOutput.hpp"
 
 #include <OW_ResultHandlers.hpp>
@@ -15,14 +14,7 @@ using namespace OpenWBEM; // the provider's interface is all of OpenWBEM's types
 
 Roof::~Roof()
 {
-    // initialize leaves the marking service's objects to the process; a test must not.
-    ORX_ALGServiceInstanceManager* manager = ORX_ALGService::getInstanceManager();
-    for (manager->startIteration(); manager->hasNext();)
-        delete manager->next();
-    manager->endIteration();
-    ORX_ALGService::ClearInstanceManager();
-    if (manager != ORX_ALGService::getInstanceManager())
-        delete manager;
+    releaseMarkingService();
 }
 
 CIMObjectPathArray Roof::namesOf(const char* className)
