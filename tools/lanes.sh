@@ -13,15 +13,17 @@ begin_results() {
     mkdir -p "$logs" "$results"
 }
 
-# run_lane NAME [ARGUMENT...]: runs one lane, says how it went, goes on after a failure.
+# run_lane NAME [ARGUMENT...]: runs one lane, says how it went, goes on after a failure. The lane is a shell with a
+# session of its own, in which stop_lane finds what it has started. A background command of bash ignores interrupts
+# unless told otherwise.
 run_lane() {
-    local name=$1 begun=$SECONDS
+    local name=$1 begun=$SECONDS status=0
     printf '== %-9s ' "$name"
-    # Not as a condition: there a failing command would not end the lane.
-    set +e
-    (set -e; "lane_$@") >"$logs/$name.log" 2>&1 </dev/null
-    local status=$?
-    set -e
+    # shellcheck disable=SC2016 # the lane's shell expands its arguments
+    env --default-signal=INT,QUIT setsid bash -euo pipefail -c \
+        'trap "exit 130" INT; source tools/packages.sh; source tools/lanes.sh; "lane_$@"' lane "$@" \
+        >"$logs/$name.log" 2>&1 </dev/null &
+    wait $! || status=$?
     if ((status == 0)); then
         printf 'ok, %d s\n' $((SECONDS - begun))
     else
@@ -30,6 +32,25 @@ run_lane() {
         failed_lanes+=("$name")
     fi
     summary_of "$name"
+}
+
+# stop_lane STATUS: ends the script, and the running lane with everything that it has started. An interrupt lets the lane's
+# programs clean up; what is left half a minute later is killed.
+stop_lane() {
+    local lane deadline=$((SECONDS + 30))
+    trap '' HUP INT QUIT TERM
+    for lane in $(jobs -p); do
+        # A lane that has just been started may have no session yet.
+        until pkill -INT --session "$lane" || ! kill -0 "$lane" 2>/dev/null; do
+            sleep 0.05
+        done
+        while pgrep --session "$lane" >/dev/null; do
+            ((SECONDS < deadline)) || pkill -KILL --session "$lane" || true
+            sleep 0.05
+        done
+    done
+    printf '\n== interrupted\n'
+    exit "$1"
 }
 
 # Figures that a lane wants to be seen even when it succeeds.
@@ -78,17 +99,32 @@ run_unit_tests() {
         ctest --test-dir "build/$preset" -j "$jobs" --output-on-failure --no-tests=error "$@"
 }
 
+# sources PATTERN...: the files of the checkout that git's patterns match, one a line. There are always some.
 sources() {
-    git ls-files -co --exclude-standard "$@" | while read -r file; do [[ -e $file ]] && echo "$file"; done
+    local listed file found=()
+    listed=$(git ls-files -co --exclude-standard -- "$@") || return
+    while read -r file; do
+        if [[ -e $file ]]; then
+            found+=("$file")
+        fi
+    done <<<"$listed"
+    if ((${#found[@]} == 0)); then
+        echo "the checkout has no file like $*" >&2
+        return 1
+    fi
+    printf '%s\n' "${found[@]}"
 }
 
 lane_style() {
-    local files
-    mapfile -t files < <(sources '*.cpp' '*.hpp' '*.h' '*.c' | grep -v '^tests/data/')
-    clang-format-14 --dry-run --Werror "${files[@]}"
+    local formatted tidied format=0 tidy=0
+    formatted=$(sources '*.cpp' '*.hpp' '*.h' '*.c' ':!tests/data')
+    tidied=$(sources 'src/*.cpp' 'standins/platform/*.cpp' 'standins/cimom/*.cpp' 'tests/support/*.cpp')
+    xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
+    record_result style clang-format $format
     cmake --preset clang
-    mapfile -t files < <(sources 'src/*.cpp' 'standins/platform/*.cpp' 'standins/cimom/*.cpp' 'tests/support/*.cpp')
-    printf '%s\0' "${files[@]}" | xargs -0 -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet
+    xargs -d '\n' -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet <<<"$tidied" || tidy=$?
+    record_result style clang-tidy $tidy
+    ((format == 0 && tidy == 0))
 }
 
 lane_unit() {
@@ -126,10 +162,12 @@ lane_phy() {
     /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/phy.xml" tests/phy
 }
 
-# on_server LANE TEST BUILD SECONDS: tests/soak/TEST.py on a disposable server. Its closing lines begin with its name.
+# on_server LANE TEST BUILD SECONDS: tests/soak/TEST.py on a disposable server, which keeps its state to itself whatever the
+# caller's environment says. The test's closing lines begin with its name.
 on_server() {
     local output=$logs/$1-$2.log status=0
-    KV_BUILD_DIR=$PWD/build/$3 standins/server/run /usr/bin/python3 -u "tests/soak/$2.py" "$4" >"$output" || status=$?
+    env --unset=KV_STATE_DIR KV_BUILD_DIR="$PWD/build/$3" \
+        standins/server/run /usr/bin/python3 -u "tests/soak/$2.py" "$4" >"$output" || status=$?
     cat "$output"
     sed -n "s/^$2: /   /p" "$output" >>"$results/$1.note"
     record_result "$1" "$2" $status

@@ -1,0 +1,158 @@
+"""./test in a project of its own, whose lanes and tools are played: what is counted as failed, and what an interrupt ends."""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import time
+
+import pytest
+
+from server import CHECKOUT
+
+# A name that only processes of these tests carry in their environment.
+MARK = f"KV_LANES_TEST={os.getpid()}"
+
+
+@pytest.fixture
+def project(tmp_path):
+    """A checkout with one source, and with the tools of the style lane, which all succeed."""
+    shutil.copy(CHECKOUT / "test", tmp_path)
+    shutil.copytree(CHECKOUT / "tools", tmp_path / "tools")
+    (tmp_path / "packages.txt").write_text("bash\n")
+    (tmp_path / "src").mkdir()
+    (tmp_path / "src/one.cpp").touch()
+    (tmp_path / "bin").mkdir()
+    for tool in ("clang-format-14", "clang-tidy-14", "cmake"):
+        play(tmp_path, tool, f'echo "{tool} $*" >>called')
+    subprocess.run(["git", "init", "--quiet", tmp_path], check=True)
+    return tmp_path
+
+
+def play(project, tool, script):
+    path = project / "bin" / tool
+    path.write_text(f"#!/bin/bash\n{script}\n")
+    path.chmod(0o755)
+
+
+def add_lane(project, name, commands):
+    with (project / "tools/lanes.sh").open("a") as lanes:
+        lanes.write(f"lane_{name}() {{\n{commands}\n}}\n")
+
+
+def command(project, *lanes):
+    name, value = MARK.split("=")
+    environment = {**os.environ, "PATH": f"{project}/bin:{os.environ['PATH']}", name: value}
+    return {"args": [project / "test", *lanes], "env": environment, "stderr": subprocess.STDOUT, "text": True}
+
+
+def run(project, *lanes):
+    return subprocess.run(**command(project, *lanes), stdout=subprocess.PIPE, check=False)
+
+
+def marked_processes():
+    found = []
+    for environ in pathlib.Path("/proc").glob("[0-9]*/environ"):
+        try:
+            if MARK.encode() in environ.read_bytes().split(b"\0"):
+                found.append(environ.parent.name)
+        except OSError:
+            pass
+    return found
+
+
+def test_the_style_lane_alone_succeeds_with_both_its_results(project):
+    done = run(project, "style")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "2 passed, 0 failed")
+    assert (project / "called").read_text() == (
+        "clang-format-14 --dry-run --Werror src/one.cpp\ncmake --preset clang\n"
+        "clang-tidy-14 -p build/clang --quiet src/one.cpp\n")
+
+
+@pytest.mark.parametrize("tool", ["clang-format-14", "clang-tidy-14"])
+def test_what_a_style_tool_finds_is_one_failure(project, tool):
+    play(project, tool, "echo src/one.cpp:1: untidy; exit 1")
+    done = run(project, "style")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "1 passed, 1 failed")
+    assert "   src/one.cpp:1: untidy\n" in done.stdout
+
+
+def test_the_style_lane_fails_without_a_checkout(project):
+    shutil.rmtree(project / ".git")
+    done = run(project, "style")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "0 passed, 0 failed")
+    assert "not a git repository" in done.stdout
+    assert not (project / "called").exists()
+
+
+def test_the_style_lane_fails_without_sources(project):
+    (project / "src/one.cpp").unlink()
+    done = run(project, "style")
+    assert done.returncode == 1
+    assert "the checkout has no file like *.cpp " in done.stdout
+
+
+def test_a_failing_command_ends_its_lane_but_not_the_next(project):
+    add_lane(project, "unit", "false\nrecord_result unit never 0")
+    add_lane(project, "asan", "record_result asan one 0")
+    done = run(project, "unit", "asan")
+    assert done.returncode == 1
+    assert "== asan      ok" in done.stdout
+    assert done.stdout.endswith("== failed: unit\n1 passed, 0 failed\n")
+
+
+def test_a_result_that_breaks_off_is_a_failure_with_its_name(project):
+    add_lane(project, "unit", "record_result unit one 0\necho '<testsuite><testcase' >build/results/two.xml")
+    done = run(project, "unit")
+    assert done.returncode == 1
+    assert "build/results/two.xml: no whole result: " in done.stdout
+    assert done.stdout.endswith("1 passed, 1 failed\n")
+    assert "Traceback" not in done.stdout
+
+
+def test_the_state_directory_of_the_caller_does_not_reach_a_soak_run(project, monkeypatch):
+    (project / "standins/server").mkdir(parents=True)
+    server = project / "standins/server/run"
+    server.write_text('#!/bin/bash\necho "soak: state ${KV_STATE_DIR-none}"\n')
+    server.chmod(0o755)
+    monkeypatch.setenv("KV_STATE_DIR", str(project))
+    assert "   state none\n" in run(project, "--soak", "1").stdout
+
+
+def test_it_may_be_started_through_a_link(project, tmp_path_factory):
+    link = tmp_path_factory.mktemp("elsewhere") / "test"
+    link.symlink_to(project / "test")
+    done = subprocess.run(**{**command(project, "style"), "args": [link, "style"]}, stdout=subprocess.PIPE, check=False)
+    assert done.stdout.endswith("2 passed, 0 failed\n")
+
+
+# What a lane starts may end at an interrupt, clean up first and fail then, have a group of its own or ignore the interrupt.
+LANES = {
+    "sleeps": "sleep 600",
+    "cleans up": "/usr/bin/python3 -c 'import time\ntry: time.sleep(600)\nfinally: open(\"cleaned\", \"w\")' || true\nsleep 600",
+    "has a group of its own": "set -m; sleep 600 & wait",
+}
+
+
+@pytest.mark.parametrize("number, status", [(signal.SIGINT, 130), (signal.SIGTERM, 143), (signal.SIGHUP, 129)])
+@pytest.mark.parametrize("lane", LANES)
+def test_an_interrupt_ends_the_lane_and_no_further_one_begins(project, lane, number, status):
+    add_lane(project, "unit", "touch begun\n" + LANES[lane])
+    add_lane(project, "asan", "touch wrong")
+    test = subprocess.Popen(**command(project, "unit", "asan"), stdout=subprocess.PIPE)
+    wait_for(project / "begun")
+    time.sleep(0.3)
+    test.send_signal(number)
+    printed, _ = test.communicate(timeout=60)
+    assert test.returncode == status
+    assert printed == "== unit      \n== interrupted\n"
+    assert marked_processes() == []
+    assert not (project / "wrong").exists()
+    assert (project / "cleaned").exists() == (lane == "cleans up")
+
+
+def wait_for(path, seconds=30.0):
+    deadline = time.monotonic() + seconds
+    while not path.exists():
+        assert time.monotonic() < deadline, f"{path} is not there"
+        time.sleep(0.02)
