@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Sourced by ./run and ./test, not executed: makes sure that the Debian packages named in packages.txt are installed.
+# Sourced by ./run and ./test, not executed: makes sure that the Debian packages of a list are installed. packages.txt has
+# what both always need, packages-*.txt what one of their commands or lanes needs besides.
 
 # The package names of file $1, one a line; everything behind a number sign is commentary.
 packages_listed() {
@@ -19,6 +20,10 @@ packages_missing() {
 # Anybody else gets the exact command to have run and status 1.
 ensure_packages() {
     local list=$1 missing
+    if [ ! -f "$list" ] || [ ! -r "$list" ]; then
+        echo "the list of packages cannot be read: $list" >&2
+        return 1
+    fi
     mapfile -t missing < <(packages_missing "$list")
     [ ${#missing[@]} -gt 0 ] || return 0
 

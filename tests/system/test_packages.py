@@ -56,6 +56,15 @@ def test_root_installs_what_is_missing_and_nothing_else(place):
         "noninteractive: install -qq -y --no-install-recommends no-such-package-1 no-such-package-2\n")
 
 
+def test_a_list_that_cannot_be_read_is_an_error(place):
+    command(place, "apt-get", f"touch {place}/called")
+    (place / "packages.txt").unlink()
+    done = ensure(place)
+    assert (done.returncode, done.stdout) == (1, "")
+    assert done.stderr == f"the list of packages cannot be read: {place}/packages.txt\n"
+    assert not (place / "called").exists()
+
+
 @pytest.mark.parametrize("failing", ["update", "install"])
 def test_a_failed_installation_is_told(place, failing):
     command(place, "id", "echo 0")
