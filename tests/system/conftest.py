@@ -8,6 +8,9 @@ from server import RUN, Server
 
 MISSING_PERMISSION = 77
 
+# The tests' servers keep their state to themselves, whatever the environment of the tests says.
+os.environ.pop("KV_STATE_DIR", None)
+
 
 @pytest.fixture(scope="session", autouse=True)
 def permission():

@@ -223,14 +223,14 @@ def test_a_failing_helper_ends_the_change(managed):
     assert address_of(managed, "eth1") == "10.0.0.5/24"
 
 
-@pytest.mark.parametrize("name", ["eth1;touch /tmp/kv-hostile", "eth1$(touch /tmp/kv-hostile)", "eth1 | touch /tmp/kv-hostile",
-                                  "eth1\ntouch /tmp/kv-hostile", "eth9"])
+@pytest.mark.parametrize("name", ["eth1;touch /run/kv-hostile", "eth1$(touch /run/kv-hostile)", "eth1 | touch /run/kv-hostile",
+                                  "eth1\ntouch /run/kv-hostile", "eth9"])
 def test_a_hostile_name_never_reaches_a_command(managed, name):
     for values in ({"IPAddress": ("string", "10.0.0.6")}, {"isDhcpEnabled": ("boolean", "true")}):
         code, description = refusal(managed, values, name)
         assert code == 1 and "LAN_ERROR_noIFNameMapping" in description
     assert managed.commands() == []
-    assert managed.run("test -e /tmp/kv-hostile").status != 0
+    assert managed.run("test -e /run/kv-hostile").status != 0
 
 
 @pytest.mark.parametrize("value", ["10.0.0.6;reboot", "$(reboot)", "10.0.0.6\n", "10.0.0.6 ", "\u00e91", "1" * 65536])

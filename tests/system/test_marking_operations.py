@@ -78,7 +78,7 @@ def test_markings_survive_a_restart_of_the_object_manager(managed):
     change(managed, QoSMarkVOIPSignaling=258, TOSByteSignaling=46)
     managed.sh("pkill -x kv-cimom; while (exec 3<>/dev/tcp/127.0.0.1/5988) 2>/dev/null; do sleep 0.05; done")
     managed.sh("(LD_PRELOAD=$KV_OBJECT_MANAGER_PRELOAD $KV_BUILD_DIR/standins/cimom/kv-cimom --port 5988 --mof mof "
-               "--provider-dir $KV_BUILD_DIR/src >/tmp/kv-cimom.$$.log 2>&1 &)")
+               "--provider-dir $KV_BUILD_DIR/src >$KV_STATE_DIR/restarted.log 2>&1 &)")
     managed.wait_for("wbemcli ein pbx/root/cimv2:ORX_ALGService | grep -q SCCN")
     assert markings(managed)[:2] == ["258", "46"]
 
