@@ -8,13 +8,14 @@ import random
 import sys
 import time
 
-from manager import Client, Manager
-from traffic import run
+from manager import Client, Manager, get
+from traffic import MARKING, MARKING_KEYS, run
 
 IDLE_SECONDS = 1  # of the object manager, before it unloads the library
 ROUND_SECONDS = 6
 WARM_UP_ROUNDS = 2
 CLIENTS = 4
+LOOKS = 5
 SLOW_CHANGE_EVERY = 40
 
 # What the allocator may move to and fro between rounds: a leak of 64 bytes a request exceeds it within a round.
@@ -35,6 +36,20 @@ def traffic_round(port, seed, seconds):
         for client in clients:
             client.close()
     return reads, changes
+
+
+def has_library_in_use(manager):
+    """Whether the library is loaded right after a request. A machine that pauses between request and look for as long as
+    IDLE_SECONDS shows it unloaded, hence several looks, each at once after a request of its own."""
+    client = Client(manager.port)
+    try:
+        for _ in range(LOOKS):
+            client.send(get(MARKING, MARKING_KEYS))
+            if manager.has_library():
+                return True
+    finally:
+        client.close()
+    return False
 
 
 def wait_for_unloading(manager):
@@ -70,7 +85,7 @@ def main(seconds):
     with Manager("--unload-after", str(IDLE_SECONDS)) as manager:
         while time.monotonic() - begun < seconds or len(measured) <= WARM_UP_ROUNDS:
             done = traffic_round(manager.port, len(measured), ROUND_SECONDS)
-            if not manager.has_library():
+            if not has_library_in_use(manager):
                 raise SystemExit("soak: the library is not loaded while it is used")
             wait_for_unloading(manager)
             requests = [sum(pair) for pair in zip(requests, done)]
