@@ -7,7 +7,6 @@ Status 1 when ThreadSanitizer reports anything, a request fails or the object ma
 import pathlib
 import random
 import sys
-import tempfile
 import threading
 import time
 
@@ -16,6 +15,9 @@ from traffic import run
 
 CLIENTS = 8
 SLOW_CHANGE_EVERY = 60
+
+# On the server, which takes it along. One file a process: commands that are run have their own.
+REPORTS = pathlib.Path("/run/reports")
 
 
 class ClientThread(threading.Thread):
@@ -50,17 +52,15 @@ def drive(manager, seconds):
 
 
 def main(seconds):
-    with tempfile.TemporaryDirectory() as directory:
-        # One file a process: commands that are run have their own.
-        reports = pathlib.Path(directory)
-        manager = Manager("--unload-after", "1", environment={"TSAN_OPTIONS": f"log_path={reports}/report halt_on_error=0"})
-        # Half of the time, then a pause in which the main thread unloads the library, then the other half.
-        threads = drive(manager, seconds / 2)
-        time.sleep(3.5)
-        unloaded = not manager.has_library()
-        threads += drive(manager, seconds / 2)
-        status = manager.stop()
-        texts = [report.read_text() for report in reports.iterdir()]
+    REPORTS.mkdir()
+    manager = Manager("--unload-after", "1", environment={"TSAN_OPTIONS": f"log_path={REPORTS}/report halt_on_error=0"})
+    # Half of the time, then a pause in which the main thread unloads the library, then the other half.
+    threads = drive(manager, seconds / 2)
+    time.sleep(3.5)
+    unloaded = not manager.has_library()
+    threads += drive(manager, seconds / 2)
+    status = manager.stop()
+    texts = [report.read_text() for report in REPORTS.iterdir()]
     failures = [thread.failure for thread in threads if thread.failure]
     for text in [*texts, *map(str, failures)]:
         print(text)
