@@ -141,6 +141,19 @@ def test_a_server_cannot_change_the_machines_system():
         assert pathlib.Path("/etc/resolv.conf").exists()
 
 
+def test_what_is_mounted_in_the_system_is_read_only_too():
+    mounts = ("mount -t tmpfs -o nosuid kv-outer /var/tmp; mkdir '/var/tmp/a blank'; "
+              "mount -t tmpfs -o nodev kv-inner '/var/tmp/a blank'; touch '/var/tmp/a blank/before'")
+    command = "touch /var/tmp/new '/var/tmp/a blank/new' '/var/tmp/a blank/before'; grep kv- /proc/self/mounts"
+    done = subprocess.run(["unshare", "--user", "--map-root-user", "--mount", "/bin/bash", "-c",
+                           f'{mounts}; "$0" /bin/bash -c "{command}"; exec touch /var/tmp/after', RUN],
+                          capture_output=True, text=True, check=False)
+    assert done.returncode == 0
+    assert done.stderr.count("Read-only file system") == 3
+    assert "kv-outer /var/tmp tmpfs ro,nosuid," in done.stdout
+    assert "kv-inner /var/tmp/a\\040blank tmpfs ro,nodev," in done.stdout
+
+
 def test_two_servers_do_not_see_each_other():
     with Server() as first, Server() as second:
         first.sh("/kv/bin/updatehosts ipaddress 10.0.0.77; ip link set eth1 mtu 1300; echo trace >$KV_STATE_DIR/trace")
@@ -159,6 +172,38 @@ def test_a_state_directory_of_the_caller_stays(tmp_path):
     with Server(environment=environment) as server:
         server.sh("echo kept >$KV_STATE_DIR/events.log")
     assert (tmp_path / "events.log").read_text() == "kept\n"
+
+
+def test_a_state_directory_may_be_named_from_where_the_caller_is(tmp_path):
+    (tmp_path / "state").mkdir()
+    done = subprocess.run([RUN, "/bin/bash", "-c", "cd /; echo kept >$KV_STATE_DIR/events.log"], cwd=tmp_path,
+                          env=dict(os.environ, KV_STATE_DIR="state"), check=False)
+    assert done.returncode == 0
+    assert (tmp_path / "state/events.log").read_text() == "kept\n"
+
+
+@pytest.mark.parametrize("directory, why", [
+    ("/nowhere", "is no directory"),
+    (str(RUN), "is no directory"),
+    *((place, "lies where the server has a directory of its own") for place in ("/", "/run", "/etc", "/dev/shm", "/proc")),
+    *((place, "cannot be written from the server") for place in ("/var/tmp", "/usr/lib", "/opt", "/srv")),
+])
+def test_a_state_directory_that_would_not_keep_anything_is_refused(directory, why):
+    done = subprocess.run([RUN, "true"], env=dict(os.environ, KV_STATE_DIR=directory), stderr=subprocess.PIPE,
+                          text=True, check=False)
+    assert (done.returncode, done.stderr) == (2, f"server: KV_STATE_DIR {why}: {directory}\n")
+
+
+def test_a_state_directory_that_the_starter_may_not_write_is_refused(run, tmp_path):
+    (tmp_path / "state").mkdir(mode=0o555)
+    if os.geteuid() == 0:
+        # On the server nobody may act for a user that it does not know.
+        os.chown(tmp_path / "state", 1, 1)
+    for place in (tmp_path, *tmp_path.parents[:2]):
+        os.chmod(place, 0o755)
+    done = subprocess.run([*run, "true"], env=dict(os.environ, KV_STATE_DIR=str(tmp_path / "state")),
+                          stderr=subprocess.PIPE, text=True, check=False)
+    assert (done.returncode, done.stderr) == (2, f"server: KV_STATE_DIR cannot be written from the server: {tmp_path}/state\n")
 
 
 def test_a_published_port_reaches_the_server_from_this_machine():
@@ -201,7 +246,38 @@ def test_a_missing_tool_is_named(tmp_path):
     assert done.stderr.endswith(" is not installed (see packages.txt)\n")
 
 
-@pytest.mark.parametrize("arguments", [[], ["--publish", "http", "true"], ["--unknown", "true"]])
+def test_a_program_that_fails_before_the_server_begins_is_told(tmp_path):
+    setpriv = tmp_path / "setpriv"
+    setpriv.write_text("#!/bin/bash\necho 'setpriv: no such option' >&2\nexit 1\n")
+    setpriv.chmod(0o755)
+    done = subprocess.run([RUN, "true"], env=dict(os.environ, PATH=f"{tmp_path}:{os.environ['PATH']}"),
+                          stderr=subprocess.PIPE, text=True, check=False)
+    assert (done.returncode, done.stderr) == (1, "server: cannot be started: setpriv: no such option\n")
+
+
+def test_a_first_process_that_is_killed_was_started_all_the_same():
+    server = subprocess.Popen([RUN, "/bin/bash", "-c", "echo ready; sleep 600"], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True)
+    assert server.stdout.readline() == "ready\n"
+    first = server.pid
+    for _ in ("unshare", "init"):
+        first = int(subprocess.check_output(["pgrep", "--parent", str(first)]))
+    os.kill(first, signal.SIGKILL)
+    _, told = server.communicate(timeout=30)
+    assert (server.returncode, told) == (1, "")
+
+
+def test_a_system_log_that_does_not_start_is_told(tmp_path):
+    shutil.copytree(RUN.parent, tmp_path / "standins/server")
+    busybox = tmp_path / "standins/server/root/kv/sbin/busybox"
+    busybox.write_text("#!/bin/bash\nexit 1\n")
+    busybox.chmod(0o755)
+    done = subprocess.run([tmp_path / "standins/server/run", "true"], stderr=subprocess.PIPE, text=True, check=False)
+    assert (done.returncode, done.stderr) == (1, "server: the system log did not start\n")
+
+
+@pytest.mark.parametrize("arguments", [[], ["--publish"], ["--publish", "http", "true"], ["--publish", "0", "true"],
+                                       ["--publish", "65536", "true"], ["--unknown", "true"]])
 def test_a_wrong_command_line_shows_the_usage(arguments):
     done = subprocess.run([RUN, *arguments], stderr=subprocess.PIPE, text=True, check=False)
     assert done.returncode == 2
