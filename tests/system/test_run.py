@@ -11,7 +11,7 @@ import time
 
 import pytest
 
-from server import CHECKOUT
+from server import CHECKOUT, RUN as SERVER
 
 RUN = str(CHECKOUT / "run")
 
@@ -96,25 +96,41 @@ def serving(port):
         process.wait(timeout=60)
 
 
-def ask(port, seconds=60.0):
-    """What a client on this machine is told, once the object manager answers."""
-    deadline = time.monotonic() + seconds
-    while True:
-        done = subprocess.run(["wbemcli", "ein", f"http://127.0.0.1:{port}/root/cimv2:ORX_LANEndpoint"],
-                              capture_output=True, text=True, check=False)
-        if done.returncode == 0 or time.monotonic() > deadline:
-            return done.stdout
-        time.sleep(0.2)
+def ask(port):
+    """What a client on this machine is told."""
+    return subprocess.run(["wbemcli", "ein", f"http://127.0.0.1:{port}/root/cimv2:ORX_LANEndpoint"],
+                          capture_output=True, text=True, check=False).stdout
 
 
 def test_serving_answers_clients_of_this_machine_until_interrupted():
     port = free_port()
     with serving(port) as process:
+        line = f"Serving http://127.0.0.1:{port}/root/cimv2 until you press Ctrl-C.\n"
+        assert process.stdout.readline().startswith("Building ")
+        assert process.stdout.readline() == line
         assert 'Name="eth2"' in ask(port)
         process.send_signal(signal.SIGINT)
         assert process.wait(timeout=30) == 130
     with pytest.raises(ConnectionRefusedError):
         socket.create_connection(("127.0.0.1", port), timeout=5)
+
+
+def test_a_port_that_is_taken_is_told_before_anything_is_built():
+    with socket.socket() as taken:
+        taken.bind(("127.0.0.1", 0))
+        taken.listen()
+        port = taken.getsockname()[1]
+        done = run("serve", "--port", str(port))
+    assert (done.returncode, done.stdout) == (1, "")
+    assert done.stderr == f"run: port {port} is taken on this machine; name another one with --port\n"
+
+
+def test_a_state_directory_is_named_from_where_the_caller_is(tmp_path):
+    (tmp_path / "state").mkdir()
+    environment = dict(os.environ, KV_STATE_DIR="state")
+    done = run("shell", input="echo $KV_STATE_DIR\n", cwd=tmp_path, env=environment)
+    assert f"{tmp_path}/state\n" in done.stdout
+    assert "kv-cimom: listening" in (tmp_path / "state/object-manager.log").read_text()
 
 
 def test_help_names_every_form():
@@ -123,7 +139,10 @@ def test_help_names_every_form():
     assert done.stdout.startswith("usage: ./run [--help] | ./run shell | ./run serve [--port N] | ./run bench\n")
 
 
-@pytest.mark.parametrize("arguments", [["unknown"], ["serve", "--port"], ["serve", "--port", "x"], ["shell", "extra"]])
+@pytest.mark.parametrize("arguments", [
+    ["unknown"], ["shell", "extra"], ["serve", "5988"], ["serve", "--port"],
+    *(["serve", "--port", *values] for values in (["x"], ["5x"], ["5988", "junk"], ["0"], ["65536"], ["-1"], ["5988 junk"])),
+])
 def test_a_wrong_command_line_shows_the_usage(arguments):
     done = run(*arguments)
     assert (done.returncode, done.stdout) == (2, "")
@@ -138,3 +157,26 @@ def test_missing_packages_stop_it_for_an_ordinary_user(tmp_path):
     done = run(env=dict(os.environ, PATH=f"{tmp_path}:{os.environ['PATH']}"))
     assert (done.returncode, done.stdout) == (1, "")
     assert "  sudo apt-get install --no-install-recommends g++ clang-14 " in done.stderr
+
+
+WITH_OBJECT_MANAGER = str(CHECKOUT / "demo/with-object-manager")
+
+
+@pytest.mark.parametrize("arguments", [[], ["--port"], ["--port", "5988"], ["--port", "x", "true"]])
+def test_a_wrong_command_line_of_the_object_managers_companion_shows_its_usage(arguments):
+    done = subprocess.run([WITH_OBJECT_MANAGER, *arguments], capture_output=True, text=True, check=False)
+    assert (done.returncode, done.stdout) == (2, "")
+    assert done.stderr == "usage: with-object-manager [--port PORT] COMMAND [ARGUMENT...]\n"
+
+
+def test_the_object_manager_is_not_started_outside_of_the_server():
+    done = subprocess.run([WITH_OBJECT_MANAGER, "true"], capture_output=True, text=True, check=False)
+    assert (done.returncode, done.stdout) == (2, "")
+    assert done.stderr.startswith("with-object-manager: this is not the disposable server; ")
+
+
+def test_an_object_manager_that_ends_is_told_with_its_log():
+    done = subprocess.run([SERVER, WITH_OBJECT_MANAGER, "--port", "65536", "true"], capture_output=True, text=True, check=False)
+    assert (done.returncode, done.stdout) == (1, "")
+    assert done.stderr.startswith("the object manager has ended:\n")
+    assert "65536" in done.stderr
