@@ -2,6 +2,7 @@
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 
 KV_BENCH = pathlib.Path(os.environ["KV_BUILD_DIR"], "bench/kv_bench")
@@ -19,7 +20,7 @@ def state(speed):
 
 
 # What the interface queries are to do: on the server's virtual interfaces, and with drivers that answer every request.
-DESCRIBED = {
+EXPECTED = {
     "kv_get_IfType": ([], []),
     "kv_get_mtu": (["socket", "SIOCGIFMTU", "close"],) * 2,
     "kv_get_EthernetIfSpeed": (WITHOUT_MII, WITH_MII),
@@ -28,17 +29,26 @@ DESCRIBED = {
 }
 
 
+def output_of(*command):
+    """What the program prints. One that fails ends everything, with what it said."""
+    done = subprocess.run(command, capture_output=True, text=True, check=False)
+    if done.returncode != 0:
+        said = (done.stderr or done.stdout).strip() or "(no output)"
+        raise SystemExit(f"status {done.returncode} of {shlex.join(map(str, command))}:\n{said}")
+    return done.stdout
+
+
 def calls(operation, kind="library", every_ioctl_succeeds=False):
     """The system calls of one run, in order; an ioctl by its request, a file by its path."""
     trace = WORK / "bench.strace"
     inject = ["-e", "inject=ioctl:retval=0"] if every_ioctl_succeeds else []
-    subprocess.run(["strace", *inject, "-o", trace, KV_BENCH, "once", operation, kind], check=True, stdout=subprocess.DEVNULL)
+    output_of("strace", *inject, "-o", trace, KV_BENCH, "once", operation, kind)
     _, between, _ = re.split(r"^getppid\(\).*$", trace.read_text(), flags=re.MULTILINE)
-    found = [described(line) for line in between.strip().splitlines()]
+    found = [call_of(line) for line in between.strip().splitlines()]
     return [call for call in found if call not in MEMORY]
 
 
-def described(line):
+def call_of(line):
     name, arguments = re.match(r"(\w+)\((.*)", line).groups()
     if name == "ioctl":
         return re.match(r"\d+, (\w+)", arguments).group(1)
@@ -49,7 +59,6 @@ def described(line):
 def instructions(operation, count=200):
     """Of one run on average, those of the C library included."""
     counts = WORK / "bench.callgrind"
-    subprocess.run(["valgrind", "--quiet", "--tool=callgrind", f"--callgrind-out-file={counts}", "--collect-atstart=no",
-                    "--toggle-collect=measured", KV_BENCH, "repeat", operation, str(count)],
-                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    output_of("valgrind", "--quiet", "--tool=callgrind", f"--callgrind-out-file={counts}", "--collect-atstart=no",
+              "--toggle-collect=measured", KV_BENCH, "repeat", operation, str(count))
     return int(re.search(r"^(?:summary|totals): (\d+)", counts.read_text(), re.MULTILINE).group(1)) / count

@@ -6,11 +6,10 @@ import json
 import os
 import pathlib
 import platform
-import subprocess
 import sys
 
 import answers
-from kernel_calls import DESCRIBED, KV_BENCH, calls, instructions
+from kernel_calls import EXPECTED, KV_BENCH, calls, instructions, output_of
 
 REPETITIONS = 15
 RATIO_GOAL = 1.15
@@ -48,13 +47,12 @@ def processor_times():
     """Median processor time of each benchmark in nanoseconds, by name. The repetitions of all of them are mixed, so that
     a busy moment of the machine hits no one operation alone."""
     out = pathlib.Path("/run/bench.json")
-    subprocess.run([KV_BENCH, f"--benchmark_out={out}", "--benchmark_out_format=json", "--benchmark_min_time=0.02",
-                    f"--benchmark_repetitions={REPETITIONS}", "--benchmark_enable_random_interleaving=true"],
-                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    output_of(KV_BENCH, f"--benchmark_out={out}", "--benchmark_out_format=json", "--benchmark_min_time=0.02",
+              f"--benchmark_repetitions={REPETITIONS}", "--benchmark_enable_random_interleaving=true")
     medians = {each["run_name"]: each["cpu_time"] for each in json.loads(out.read_text())["benchmarks"]
                if each.get("aggregate_name") == "median"}
-    names = subprocess.run([KV_BENCH, "--benchmark_list_tests"], check=True, stdout=subprocess.PIPE, text=True).stdout
-    return {name: medians[name] for name in names.splitlines() if name in medians}
+    names = output_of(KV_BENCH, "--benchmark_list_tests").splitlines()
+    return {name: medians[name] for name in names if name in medians}
 
 
 def report_reads(times):
@@ -75,15 +73,15 @@ def report_reads(times):
     return all_same
 
 
-def report_described():
+def report_queries():
     rows, all_same = [], True
-    for name, expectations in DESCRIBED.items():
+    for name, expectations in EXPECTED.items():
         for expected, answering in zip(expectations, (False, True)):
             made = calls(name, every_ioctl_succeeds=answering)
             all_same &= made == expected
             rows.append([name, "answers all" if answering else "no MII", len(expected), len(made),
                          "same" if made == expected else "OTHER CALLS: " + " ".join(made)])
-    table("System calls of the interface queries", ["query", "driver", "described", "made", "sequence"], rows)
+    table("System calls of the interface queries", ["query", "driver", "expected", "made", "sequence"], rows)
     return all_same
 
 
@@ -114,7 +112,7 @@ def report_answers():
 
 def main():
     machine()
-    same = report_described()
+    same = report_queries()
     times = processor_times()
     same &= report_reads(times)
     report_parts(times)
