@@ -55,7 +55,8 @@ class ORX_ALGServiceProvider : public virtual OpenWBEM::CppInstanceProviderIFC,
                                       const OpenWBEM::StringArray* propertyList,
                                       const OpenWBEM::CIMClass& cimClass) override;
 
-    /// The new object exists in memory only. It is gone again if the instance cannot be applied to it.
+    /// The new object exists in memory only. It is gone again if it refuses the instance. A value of the
+    /// wrong type ends the creation, too, but leaves the object.
     OpenWBEM::CIMObjectPath createInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env,
                                            const OpenWBEM::String& ns,
                                            const OpenWBEM::CIMInstance& cimInstance) override;

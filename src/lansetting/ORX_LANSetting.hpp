@@ -33,9 +33,9 @@ class ORX_LANSetting
     bool getIsRouterPresent(bool& value) const;
 
     /// Loads everything from the system, which it never changes. Throws when the host's own name cannot be
-    /// looked up or the router card cannot be asked for; what was loaded before stays. False when the
-    /// switches cannot be read. Intended: only the ICMP switch is ever lowered here; the other three are
-    /// raised by a stored 1 and otherwise keep what they were.
+    /// looked up or the router card cannot be asked for; what was loaded before stays. Otherwise true: a
+    /// switch that cannot be read counts as a stored 0. Intended: only the ICMP switch is ever lowered here;
+    /// the other three are raised by a stored 1 and otherwise keep what they were.
     bool get();
 
     /// Makes `name` (see isValidDomainName) the domain in the hosts table and in the resolver file. Throws
@@ -55,8 +55,8 @@ class ORX_LANSetting
     /// the resolver file and in what is kept of it.
     void updateNameserver(const OpenWBEM::String& address, int index);
 
-    /// Store a switch for the next start, then tell the running kernel. False when it cannot be stored; the
-    /// kernel is not told then. Whether the kernel listens decides nothing.
+    /// Store a switch for the next start, then tell the running kernel. Always true: the kernel is told of a
+    /// switch that could not be stored as well, and whether it listens decides nothing.
     bool setIsIcmpFilterEnabled(bool enabled);
     bool setIsArpFilterEnabled(bool enabled);
     bool setIsBroadcastFilterEnabled(bool enabled);
