@@ -15,8 +15,8 @@
 
 using namespace OpenWBEM; // OW_PROVIDERFACTORY and the operations below are all about OpenWBEM's types
 
-// The library's static objects, constructed in this order when it is loaded and destroyed in the reverse
-// order when it is unloaded.
+// The static objects of this file, constructed in this order when the library is loaded and destroyed in the
+// reverse order when it is unloaded. Those of other files come as the linker has it; none needs another.
 IntrusiveReference<Logger> gLogger;
 
 namespace

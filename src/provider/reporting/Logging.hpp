@@ -11,7 +11,7 @@
 
 /// The object manager's logger for everything that happens outside a request's own environment, that is for
 /// the models. Empty until LANProvider::initialize takes it from the environment; defined in LANProvider.cpp,
-/// where the order of the library's static objects is fixed.
+/// before the other static objects there.
 extern OpenWBEM::IntrusiveReference<OpenWBEM::Logger> gLogger;
 
 namespace reporting
