@@ -1,5 +1,5 @@
-# Toolchain of the server's processor, 32-bit big-endian PowerPC, as Debian packages it (g++-powerpc-linux-gnu). The
-# server's own cross compiler takes its place with another toolchain file when the result is to run on the server.
+# Toolchain of the server's processor, 32-bit big-endian PowerPC, as Debian packages it (g++-powerpc-linux-gnu). Another
+# cross compiler for C++17 takes its place with another toolchain file (--toolchain).
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR powerpc)
 
