@@ -194,16 +194,15 @@ def test_a_state_directory_that_would_not_keep_anything_is_refused(directory, wh
     assert (done.returncode, done.stderr) == (2, f"server: KV_STATE_DIR {why}: {directory}\n")
 
 
-def test_a_state_directory_that_the_starter_may_not_write_is_refused(run, tmp_path):
-    (tmp_path / "state").mkdir(mode=0o555)
-    if os.geteuid() == 0:
-        # On the server nobody may act for a user that it does not know.
-        os.chown(tmp_path / "state", 1, 1)
-    for place in (tmp_path, *tmp_path.parents[:2]):
-        os.chmod(place, 0o755)
-    done = subprocess.run([*run, "true"], env=dict(os.environ, KV_STATE_DIR=str(tmp_path / "state")),
-                          stderr=subprocess.PIPE, text=True, check=False)
-    assert (done.returncode, done.stderr) == (2, f"server: KV_STATE_DIR cannot be written from the server: {tmp_path}/state\n")
+def test_a_state_directory_that_the_starter_may_not_write_is_refused(run):
+    # The ordinary user has to get there, which tmp_path does not allow.
+    with tempfile.TemporaryDirectory() as place:
+        os.chmod(place, 0o555)
+        if os.geteuid() == 0:
+            os.chown(place, 1, 1)  # on the server root may do nothing to files of a user that is unknown there
+        done = subprocess.run([*run, "true"], env=dict(os.environ, KV_STATE_DIR=place), stderr=subprocess.PIPE, text=True,
+                              check=False)
+    assert (done.returncode, done.stderr) == (2, f"server: KV_STATE_DIR cannot be written from the server: {place}\n")
 
 
 def test_a_published_port_reaches_the_server_from_this_machine():
