@@ -99,26 +99,22 @@ run_unit_tests() {
         ctest --test-dir "build/$preset" -j "$jobs" --output-on-failure --no-tests=error "$@"
 }
 
-# sources PATTERN...: the files of the checkout that git's patterns match, one a line. There are always some.
+# sources DIRECTORY EXPRESSION...: the files below the directories that find's expression selects, one a line, without what
+# has been built and what has been recorded. There are always some.
 sources() {
-    local listed file found=()
-    listed=$(git ls-files -co --exclude-standard -- "$@") || return
-    while read -r file; do
-        if [[ -e $file ]]; then
-            found+=("$file")
-        fi
-    done <<<"$listed"
-    if ((${#found[@]} == 0)); then
-        echo "the checkout has no file like $*" >&2
+    local found
+    found=$(find "$@" -not -path './build/*' -not -path './tests/data/*') || return
+    if [[ -z $found ]]; then
+        echo "there is no file to look at: $*" >&2
         return 1
     fi
-    printf '%s\n' "${found[@]}"
+    sort <<<"$found"
 }
 
 lane_style() {
     local formatted tidied format=0 tidy=0
-    formatted=$(sources '*.cpp' '*.hpp' '*.h' '*.c' ':!tests/data')
-    tidied=$(sources 'src/*.cpp' 'standins/platform/*.cpp' 'standins/cimom/*.cpp' 'tests/support/*.cpp')
+    formatted=$(sources . -regex '.*\.\(cpp\|hpp\|c\|h\)')
+    tidied=$(sources src standins/platform standins/cimom tests/support -name '*.cpp')
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
     record_result style clang-format $format
     cmake --preset clang

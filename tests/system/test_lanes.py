@@ -16,16 +16,17 @@ MARK = f"KV_LANES_TEST={os.getpid()}"
 
 @pytest.fixture
 def project(tmp_path):
-    """A checkout with one source, and with the tools of the style lane, which all succeed."""
+    """A project with one source and its header, and with the tools of the style lane, which all succeed."""
     shutil.copy(CHECKOUT / "test", tmp_path)
     shutil.copytree(CHECKOUT / "tools", tmp_path / "tools")
     (tmp_path / "packages.txt").write_text("bash\n")
-    (tmp_path / "src").mkdir()
-    (tmp_path / "src/one.cpp").touch()
+    for directory in ("src", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
+        (tmp_path / directory).mkdir(parents=True)
+    for source in ("src/one.cpp", "src/one.hpp", "tests/data/recorded.c", "build/made.cpp"):
+        (tmp_path / source).touch()
     (tmp_path / "bin").mkdir()
     for tool in ("clang-format-14", "clang-tidy-14", "cmake"):
         play(tmp_path, tool, f'echo "{tool} $*" >>called')
-    subprocess.run(["git", "init", "--quiet", tmp_path], check=True)
     return tmp_path
 
 
@@ -65,7 +66,7 @@ def test_the_style_lane_alone_succeeds_with_both_its_results(project):
     done = run(project, "style")
     assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "2 passed, 0 failed")
     assert (project / "called").read_text() == (
-        "clang-format-14 --dry-run --Werror src/one.cpp\ncmake --preset clang\n"
+        "clang-format-14 --dry-run --Werror ./src/one.cpp ./src/one.hpp\ncmake --preset clang\n"
         "clang-tidy-14 -p build/clang --quiet src/one.cpp\n")
 
 
@@ -77,19 +78,19 @@ def test_what_a_style_tool_finds_is_one_failure(project, tool):
     assert "   src/one.cpp:1: untidy\n" in done.stdout
 
 
-def test_the_style_lane_fails_without_a_checkout(project):
-    shutil.rmtree(project / ".git")
+def test_the_style_lane_fails_without_a_directory_that_it_looks_at(project):
+    (project / "tests/support").rmdir()
     done = run(project, "style")
     assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "0 passed, 0 failed")
-    assert "not a git repository" in done.stdout
+    assert "tests/support" in done.stdout
     assert not (project / "called").exists()
 
 
 def test_the_style_lane_fails_without_sources(project):
     (project / "src/one.cpp").unlink()
     done = run(project, "style")
-    assert done.returncode == 1
-    assert "the checkout has no file like *.cpp " in done.stdout
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "0 passed, 0 failed")
+    assert "there is no file to look at: src " in done.stdout
 
 
 def test_a_failing_command_ends_its_lane_but_not_the_next(project):
