@@ -11,7 +11,7 @@ std::string nameOf(const std::type_info& type)
 {
     int status = 0;
     char* const readable = abi::__cxa_demangle(type.name(), nullptr, nullptr, &status);
-    const std::string name = readable ? readable : type.name();
+    std::string name = readable ? readable : type.name();
     std::free(readable);
     return name;
 }

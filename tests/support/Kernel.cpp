@@ -9,6 +9,7 @@
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -87,8 +88,8 @@ bool answersMii(const Interface& interface, unsigned long number)
 // The kernel copies a whole request: what the product has not cleared behind the name goes with it.
 bool isEmptyBehindTheName(const ifreq& request)
 {
-    const ifreq empty{};
-    return std::memcmp(&request.ifr_ifru, &empty.ifr_ifru, sizeof empty.ifr_ifru) == 0;
+    const auto* begin = reinterpret_cast<const unsigned char*>(&request.ifr_ifru);
+    return std::all_of(begin, begin + sizeof request.ifr_ifru, [](unsigned char byte) { return byte == 0; });
 }
 
 // A driver may leave anything in the two numbers that a register read is asked with, so it does.
