@@ -48,7 +48,7 @@ struct Session {
         benchmark::DoNotOptimize(&instance);
     }
 
-    void enumerate(const char* className)
+    void enumerate(const String& className)
     {
         Taken<CIMInstance> taken;
         provider.enumInstances(environment, ns, className, taken, WBEMFlags::E_NOT_LOCAL_ONLY,
@@ -57,7 +57,7 @@ struct Session {
                                CIMClass(CIMNULL));
     }
 
-    void enumerateNames(const char* className)
+    void enumerateNames(const String& className)
     {
         Taken<CIMObjectPath> taken;
         provider.enumInstanceNames(environment, ns, className, taken, CIMClass(CIMNULL));
@@ -68,7 +68,7 @@ struct Session {
     LANProvider provider;
 };
 
-CIMObjectPath pathOf(const char* className, std::initializer_list<std::pair<const char*, const char*>> keys)
+CIMObjectPath pathOf(const String& className, std::initializer_list<std::pair<const char*, const char*>> keys)
 {
     CIMObjectPath path(className, "root/cimv2");
     for (const auto& [name, value] : keys)
@@ -138,23 +138,24 @@ std::vector<Operation> models()
 
 void addEndpoint(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
 {
+    const String className = "ORX_LANEndpoint";
     for (const char* name : {"eth0", "eth1"})
         operations.push_back({std::string("ORX_LANEndpoint getInstance ") + name,
                               [session, path = endpointPath(name)] { session->get(path); },
                               [name] { replayEndpoint(name); }});
     operations.push_back({"ORX_LANEndpoint enumInstances",
-                          [session] { session->enumerate("ORX_LANEndpoint"); },
+                          [session, className] { session->enumerate(className); },
                           [] {
                               for (const char* name : {"eth0", "eth1", "eth2"})
                                   replayEndpoint(name);
                           }});
     operations.push_back({"ORX_LANEndpoint enumInstanceNames",
-                          [session] { session->enumerateNames("ORX_LANEndpoint"); }, nullptr});
+                          [session, className] { session->enumerateNames(className); }, nullptr});
 }
 
 void addSetting(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
 {
-    const char* name = "ORX_LANServiceSetting";
+    const String name = "ORX_LANServiceSetting";
     const CIMObjectPath path = pathOf(name, {{"InstanceID", "Kalvor:ORX_LANServiceSetting"}});
     operations.push_back(
         {"ORX_LANServiceSetting getInstance", [session, path] { session->get(path); }, replaySetting});
@@ -166,7 +167,7 @@ void addSetting(std::vector<Operation>& operations, const std::shared_ptr<Sessio
 
 void addMarking(std::vector<Operation>& operations, const std::shared_ptr<Session>& session)
 {
-    const char* name = "ORX_ALGService";
+    const String name = "ORX_ALGService";
     const CIMObjectPath path = pathOf(name, {{"SystemCreationClassName", "SCCN"},
                                              {"SystemName", "SN"},
                                              {"CreationClassName", "CCN"},

@@ -21,12 +21,14 @@ std::string_view takeToken(const char*& text, char separator)
     const auto separates = [separator](char c) {
         return c == separator || c == '\t' || c == '\r' || c == '\n';
     };
-    while (separates(*text))
-        ++text;
     const char* begin = text;
-    while (*text != '\0' && !separates(*text))
-        ++text;
-    return {begin, static_cast<std::size_t>(text - begin)};
+    while (separates(*begin))
+        ++begin;
+    const char* end = begin;
+    while (*end != '\0' && !separates(*end))
+        ++end;
+    text = end;
+    return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 /// Only the very first character makes a comment: an indented "#" is a key like any other.

@@ -152,7 +152,7 @@ CIMInstance ORX_LANSettingProvider::getInstance(const ProviderEnvironmentIFCRef&
     return reporting::guarded(
         env, {unit, "getInstance", __LINE__, __LINE__ + 1}, [&] { return objectPath.toString(); },
         [&] {
-            CIMInstance instance(settingClass);
+            CIMInstance instance;
             setting.get();
             ORX_LANSettingToCIMInstance(ns, setting, cimClass, instance);
             return instance;
@@ -200,7 +200,7 @@ void ORX_LANSettingProvider::ORX_LANSettingToCIMInstance(const String&, const OR
     instance.setClassName(settingClass);
     String text;
     if (model.getInstanceID(text))
-        addText(instance, "InstanceID", instanceIDOfInstance);
+        instance.setProperty(CIMProperty("InstanceID", CIMValue(instanceIDOfInstance)));
     for (const TextProperty& property : textProperties) {
         if (!(model.*property.get)(text))
             text = "";
