@@ -213,7 +213,7 @@ CIMInstance ORX_LANEndpointProvider::getInstance(const ProviderEnvironmentIFCRef
     return reporting::guarded(
         env, {unit, "getInstance", __LINE__, __LINE__ + 1}, [&] { return instanceName.toString(); },
         [&] {
-            CIMInstance instance;
+            CIMInstance instance(creationClassName);
             ORX_LANEndpoint endpoint;
             getORX_LANEndpointWithCIMObjectPath(instanceName, endpoint);
             ORX_LANEndpointToCIMInstance(ns, endpoint, cimClass, instance);

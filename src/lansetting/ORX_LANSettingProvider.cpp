@@ -152,7 +152,7 @@ CIMInstance ORX_LANSettingProvider::getInstance(const ProviderEnvironmentIFCRef&
     return reporting::guarded(
         env, {unit, "getInstance", __LINE__, __LINE__ + 1}, [&] { return objectPath.toString(); },
         [&] {
-            CIMInstance instance;
+            CIMInstance instance(settingClass);
             setting.get();
             ORX_LANSettingToCIMInstance(ns, setting, cimClass, instance);
             return instance;
