@@ -61,7 +61,10 @@ void ResolverImage::addSearchLine(const String& line, const String& domainName)
     const StringArray tokens = tokensOf(line);
     if (tokens.size() != 2)
         return;
-    contents += tokens[1] == domainName ? line : "search\t" + domainName + "\n";
+    if (tokens[1] == domainName)
+        contents += line;
+    else
+        contents += "search\t" + domainName + "\n";
 }
 
 bool ResolverImage::addNameserverLine(const String& line)
