@@ -33,6 +33,13 @@ class FailingGetters : public ProviderTest
         return lines;
     }
 
+    static void expectStates(const CIMInstance& instance, const char* operationalStatus,
+                             const char* enabledState)
+    {
+        EXPECT_EQ(operationalStatus, shown(instance, "OperationalStatus"));
+        EXPECT_EQ(enabledState, shown(instance, "EnabledState"));
+    }
+
     /// Gives eth0 other values than eth1 in all that can differ.
     void setEverythingOfEth0Apart()
     {
@@ -76,12 +83,9 @@ TEST_F(FailingGetters, AnEnumeratedInstanceKeepsTheOperationalStatusOfTheOneBefo
     world.failNth(9, "socket", EMFILE);
     const std::vector<CIMInstance> instances = enumInstances();
     ASSERT_EQ(3U, instances.size());
-    EXPECT_EQ("uint16:OperationalStatus=2", shown(instances[0], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=2", shown(instances[0], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=2", shown(instances[1], "OperationalStatus"));
-    EXPECT_EQ("string:EnabledState=", shown(instances[1], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=1", shown(instances[2], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=1", shown(instances[2], "EnabledState"));
+    expectStates(instances[0], "uint16:OperationalStatus=2", "uint16:EnabledState=2");
+    expectStates(instances[1], "uint16:OperationalStatus=2", "string:EnabledState=");
+    expectStates(instances[2], "uint16:OperationalStatus=1", "uint16:EnabledState=1");
 }
 
 TEST_F(FailingGetters, TheFirstEnumeratedInstanceHasNoOperationalStatusToKeep)
@@ -90,10 +94,8 @@ TEST_F(FailingGetters, TheFirstEnumeratedInstanceHasNoOperationalStatusToKeep)
     world.failNth(3, "socket", EMFILE);
     const std::vector<CIMInstance> instances = enumInstances();
     ASSERT_EQ(3U, instances.size());
-    EXPECT_EQ("", shown(instances[0], "OperationalStatus"));
-    EXPECT_EQ("string:EnabledState=", shown(instances[0], "EnabledState"));
-    EXPECT_EQ("uint16:OperationalStatus=1", shown(instances[1], "OperationalStatus"));
-    EXPECT_EQ("uint16:EnabledState=1", shown(instances[1], "EnabledState"));
+    expectStates(instances[0], "", "string:EnabledState=");
+    expectStates(instances[1], "uint16:OperationalStatus=1", "uint16:EnabledState=1");
 }
 
 TEST_F(FailingGetters, APropertyWhoseGetterDoesNotSucceedIsLeftOut)
