@@ -32,7 +32,7 @@ class ManagedServer(Server):
     """A disposable server with the object manager running on it."""
 
     def __init__(self):
-        super().__init__(run=(RUN, CHECKOUT / "demo/with-object-manager"))
+        super().__init__(run=(RUN, CHECKOUT / "standins/server/with-object-manager"))
         self.events_seen = 0
 
     def wbemcli(self, *arguments):

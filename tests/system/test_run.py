@@ -159,7 +159,7 @@ def test_missing_packages_stop_it_for_an_ordinary_user(tmp_path):
     assert "  sudo apt-get install --no-install-recommends g++ clang-14 " in done.stderr
 
 
-WITH_OBJECT_MANAGER = str(CHECKOUT / "demo/with-object-manager")
+WITH_OBJECT_MANAGER = str(CHECKOUT / "standins/server/with-object-manager")
 
 
 @pytest.mark.parametrize("arguments", [[], ["--port"], ["--port", "5988"], ["--port", "x", "true"]])
