@@ -13,7 +13,7 @@
 
 #include <cstdio>
 
-using namespace OpenWBEM; // OW_PROVIDERFACTORY and the operations below are all about OpenWBEM's types
+using namespace OpenWBEM; // the operations below are all about OpenWBEM's types
 
 // The static objects of this file, constructed in this order when the library is loaded and destroyed in the
 // reverse order when it is unloaded. Those of other files come as the linker has it; none needs another.
@@ -149,5 +149,3 @@ CIMValue LANProvider::invokeMethod(const ProviderEnvironmentIFCRef& env, const S
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
     return provider->invokeMethod(env, ns, path, methodName, in, out);
 }
-
-OW_PROVIDERFACTORY(LANProvider, LANProvider)

@@ -1,10 +1,13 @@
-"""The library file as the object manager's loader sees it."""
+"""The library file as the object manager's loader sees it, in both variants."""
 
 import pathlib
 import subprocess
 
+import pytest
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-LIBRARY = ROOT / "build/dev/src/libLANProvider.so"
+PLAIN = ROOT / "build/dev/src/libLANProvider.so"
+SERIALISING = ROOT / "build/dev/src/serialising/libLANProvider.so"
 
 PLATFORM_FUNCTIONS = {
     "KvuGetRegEntryUint16Ex",
@@ -33,36 +36,47 @@ def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
-def symbols(which):
-    return {line.split()[-1].split("@")[0] for line in output_of("nm", "-D", which, LIBRARY).splitlines()}
+@pytest.fixture(params=[PLAIN, SERIALISING], ids=["plain", "serialising"])
+def library(request):
+    return request.param
 
 
-def test_exports_exactly_the_two_entry_points():
-    assert symbols("--defined-only") == {"createProviderLANProvider", "getOWVersion"}
+def symbols(which, library):
+    return {line.split()[-1].split("@")[0] for line in output_of("nm", "-D", which, library).splitlines()}
 
 
-def test_imports_every_platform_function():
-    assert PLATFORM_FUNCTIONS <= symbols("--undefined-only")
+def test_exports_exactly_the_two_entry_points(library):
+    assert symbols("--defined-only", library) == {"createProviderLANProvider", "getOWVersion"}
 
 
-def test_takes_no_lock_and_starts_no_thread():
-    """The object manager serialises requests; the platform's semaphore is the only one there is."""
+def test_imports_every_platform_function(library):
+    assert PLATFORM_FUNCTIONS <= symbols("--undefined-only", library)
+
+
+@pytest.mark.parametrize("library, locks", [(PLAIN, set()), (SERIALISING, {"pthread_mutex_lock", "pthread_mutex_unlock"})])
+def test_takes_no_lock_but_the_serialising_variants_and_starts_no_thread(library, locks):
+    """The classes themselves leave it to their caller to come one at a time."""
     words = ("pthread", "mutex", "sem_", "thrd", "flock", "lockf", "futex")
-    assert not [name for name in symbols("--undefined-only") if any(word in name for word in words)]
+    assert {name for name in symbols("--undefined-only", library) if any(word in name for word in words)} == locks
 
 
-def test_needs_neither_tests_nor_an_object_manager():
+def test_the_variants_differ_in_nothing_else():
+    without_locks = symbols("--undefined-only", SERIALISING) - {"pthread_mutex_lock", "pthread_mutex_unlock"}
+    assert without_locks == symbols("--undefined-only", PLAIN)
+
+
+def test_needs_neither_tests_nor_an_object_manager(library):
     needed = [
         line.split("[")[1].rstrip("]")
-        for line in output_of("readelf", "-d", LIBRARY).splitlines()
+        for line in output_of("readelf", "-d", library).splitlines()
         if "(NEEDED)" in line
     ]
     allowed = {"libopenwbem.so", "libkvplatform.so", "libstdc++.so.6", "libgcc_s.so.1", "libc.so.6", "libm.so.6"}
     assert set(needed) <= allowed
-    linked = output_of("ldd", LIBRARY)
+    linked = output_of("ldd", library)
     assert "cimom" not in linked and "gtest" not in linked and "not found" not in linked
 
 
-def test_can_be_unloaded():
+def test_can_be_unloaded(library):
     """A symbol of the unique kind would keep the library and its static objects in the process for good."""
-    assert not [line for line in output_of("nm", LIBRARY).splitlines() if " u " in line]
+    assert not [line for line in output_of("nm", library).splitlines() if " u " in line]

@@ -120,7 +120,8 @@ class Environment : public OpenWBEM::ProviderEnvironmentIFC
     OpenWBEM::OperationContext m_context;
 };
 
-class Library : public ::testing::Test
+/// Both variants of the library: the object manager cannot tell them apart.
+class Library : public ::testing::TestWithParam<const char*>
 {
   protected:
     Library() { load(); }
@@ -133,7 +134,7 @@ class Library : public ::testing::Test
     void load()
     {
         calls = 0;
-        m_handle = dlopen(KV_LIBRARY, RTLD_NOW | RTLD_GLOBAL);
+        m_handle = dlopen(GetParam(), RTLD_NOW | RTLD_GLOBAL);
         ASSERT_NE(nullptr, m_handle) << dlerror();
     }
 
@@ -143,7 +144,7 @@ class Library : public ::testing::Test
         m_handle = nullptr;
     }
 
-    static bool isMapped() { return dlopen(KV_LIBRARY, RTLD_NOW | RTLD_NOLOAD) != nullptr; }
+    static bool isMapped() { return dlopen(GetParam(), RTLD_NOW | RTLD_NOLOAD) != nullptr; }
 
     template <typename Function>
     Function* symbol(const char* name)
@@ -161,12 +162,12 @@ class Library : public ::testing::Test
     void* m_handle = nullptr;
 };
 
-TEST_F(Library, NamesTheInterfaceVersionThatItIsBuiltFor)
+TEST_P(Library, NamesTheInterfaceVersionThatItIsBuiltFor)
 {
     EXPECT_STREQ("3.0.3", symbol<const char*()>("getOWVersion")());
 }
 
-TEST_F(Library, IsCreatedAskedAndDroppedWithoutSideEffect)
+TEST_P(Library, IsCreatedAskedAndDroppedWithoutSideEffect)
 {
     {
         const auto provider = create();
@@ -179,7 +180,7 @@ TEST_F(Library, IsCreatedAskedAndDroppedWithoutSideEffect)
     EXPECT_EQ(0, calls);
 }
 
-TEST_F(Library, CanReallyBeUnloadedAndLoadedAgain)
+TEST_P(Library, CanReallyBeUnloadedAndLoadedAgain)
 {
     create();
     unload();
@@ -189,7 +190,7 @@ TEST_F(Library, CanReallyBeUnloadedAndLoadedAgain)
     EXPECT_EQ(0, calls);
 }
 
-TEST_F(Library, GivesANewObjectAtEachCreation)
+TEST_P(Library, GivesANewObjectAtEachCreation)
 {
     const auto first = create();
     const auto second = create();
@@ -215,7 +216,7 @@ class ByDesign
     }
 };
 
-TEST_F(Library, MayBeInitialisedTwiceInOneLoadAndAgainInTheNext)
+TEST_P(Library, MayBeInitialisedTwiceInOneLoadAndAgainInTheNext)
 {
     const ByDesign left;
     const OpenWBEM::ProviderEnvironmentIFCRef env(new Environment);
@@ -238,7 +239,7 @@ TEST_F(Library, MayBeInitialisedTwiceInOneLoadAndAgainInTheNext)
     EXPECT_EQ(nineTimes, testing::internal::GetCapturedStderr());
 }
 
-TEST_F(Library, LeavesNothingButTheMarkingServiceBehindAtEachLoad)
+TEST_P(Library, LeavesNothingButTheMarkingServiceBehindAtEachLoad)
 {
     const ByDesign left;
     const OpenWBEM::ProviderEnvironmentIFCRef env(new Environment);
@@ -256,5 +257,8 @@ TEST_F(Library, LeavesNothingButTheMarkingServiceBehindAtEachLoad)
     testing::internal::GetCapturedStderr();
     EXPECT_LT(mallinfo2().uordblks, before + cycles * 1024);
 }
+
+INSTANTIATE_TEST_SUITE_P(Plain, Library, ::testing::Values(KV_PLAIN_LIBRARY));
+INSTANTIATE_TEST_SUITE_P(Serialising, Library, ::testing::Values(KV_SERIALISING_LIBRARY));
 
 } // namespace

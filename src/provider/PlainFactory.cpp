@@ -1,0 +1,7 @@
+// The entry points of the library for an object manager that runs one request at a time.
+
+#include "LANProvider.hpp"
+
+using namespace OpenWBEM; // OW_PROVIDERFACTORY names OpenWBEM's types
+
+OW_PROVIDERFACTORY(LANProvider, LANProvider)
