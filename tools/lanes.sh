@@ -135,7 +135,7 @@ lane_asan() {
 
 lane_system() {
     build dev
-    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/system.xml" tests/system
+    /usr/bin/python3 -m pytest -q --junitxml="$results/system.xml" tests/system
 }
 
 lane_target() {
@@ -149,20 +149,20 @@ lane_target() {
     cmake --install build/powerpc-release --prefix build/powerpc-installed
     note "the library for the server: $(stat -c %s "$library") bytes stripped, of which in memory" \
         "$(powerpc-linux-gnu-size "$library" | awk 'NR == 2 {print $1 " shared and " $2 + $3 " of its own"}')"
-    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/target-packages.xml" tests/target
+    /usr/bin/python3 -m pytest -q --junitxml="$results/target-packages.xml" tests/target
 }
 
 lane_phy() {
     ensure_packages packages-phy.txt
     build dev --target phy_guest
-    /usr/bin/python3 -m pytest -q -p no:cacheprovider --junitxml="$results/phy.xml" tests/phy
+    /usr/bin/python3 -m pytest -q --junitxml="$results/phy.xml" tests/phy
 }
 
 # on_server LANE TEST BUILD SECONDS: tests/soak/TEST.py on a disposable server, which keeps its state to itself whatever the
 # caller's environment says. The test's closing lines begin with its name.
 on_server() {
     local output=$logs/$1-$2.log status=0
-    env --unset=KV_STATE_DIR KV_BUILD_DIR="$PWD/build/$3" \
+    env --unset=KV_STATE_DIR KV_BUILD_DIR="$PWD/build/$3" PYTHONPATH="$PWD/tests/support/python" \
         standins/server/run /usr/bin/python3 -u "tests/soak/$2.py" "$4" >"$output" || status=$?
     cat "$output"
     sed -n "s/^$2: /   /p" "$output" >>"$results/$1.note"

@@ -8,8 +8,9 @@ import random
 import sys
 import time
 
-from manager import Client, Manager, get
-from traffic import MARKING, MARKING_KEYS, run
+from object_manager import Client, Manager
+from product_requests import MARKING, MARKING_KEYS, get
+from traffic import run
 
 IDLE_SECONDS = 1  # of the object manager, before it unloads the library
 ROUND_SECONDS = 6

@@ -10,7 +10,7 @@ import sys
 import threading
 import time
 
-from manager import Client, Manager
+from object_manager import Client, Manager
 from traffic import run
 
 CLIENTS = 8

@@ -3,11 +3,10 @@ import json
 import re
 import shlex
 import xml.etree.ElementTree as ElementTree
-from xml.sax.saxutils import escape, quoteattr
 
+from cim_xml import (cim_headers, create_instance, delete_instance, enumerate_instance_names, enumerate_instances, extrinsic_call,
+                     get_instance, intrinsic_call, message, modify_instance)
 from server import CHECKOUT, RUN, Server
-
-NAMESPACE = '<LOCALNAMESPACEPATH><NAMESPACE NAME="root"/><NAMESPACE NAME="cimv2"/></LOCALNAMESPACEPATH>'
 
 # Posts the body that comes on standard input; prints the answer's body.
 POST = """
@@ -54,12 +53,8 @@ class ManagedServer(Server):
     def manager_log(self):
         return self.sh("cat $KV_STATE_DIR/object-manager.log")
 
-    def post(self, call, operation, method):
-        body = ('<?xml version="1.0" encoding="utf-8"?><CIM CIMVERSION="2.0" DTDVERSION="2.0">'
-                f'<MESSAGE ID="1" PROTOCOLVERSION="1.0"><SIMPLEREQ>{call}</SIMPLEREQ></MESSAGE></CIM>')
-        headers = {"Content-Type": 'application/xml; charset="utf-8"', "CIMOperation": operation, "CIMMethod": method,
-                   "CIMObject": "root%2Fcimv2"}
-        request = shlex.quote(json.dumps({"body": body, "headers": headers}))
+    def post(self, call, method):
+        request = shlex.quote(json.dumps({"body": message(call), "headers": cim_headers(method)}))
         answer = ElementTree.fromstring(self.sh(f"printf %s {request} | /usr/bin/python3 -c {shlex.quote(POST)}"))
         error = answer.find(".//ERROR")
         if error is not None:
@@ -67,45 +62,34 @@ class ManagedServer(Server):
         return answer
 
     def intrinsic(self, method, parameters):
-        return self.post(f'<IMETHODCALL NAME="{method}">{NAMESPACE}{parameters}</IMETHODCALL>', "MethodCall", method)
+        return self.post(intrinsic_call(method, parameters), method)
 
     def names(self, class_name):
         """The instance names as (class, keys)."""
-        answer = self.intrinsic("EnumerateInstanceNames", parameter("ClassName", class_named(class_name)))
+        answer = self.intrinsic(*enumerate_instance_names(class_name))
         return [name_of(element) for element in answer.iter("INSTANCENAME")]
 
     def instances(self, class_name):
         """The enumerated instances as (name, instance)."""
-        answer = self.intrinsic("EnumerateInstances", parameter("ClassName", class_named(class_name)))
+        answer = self.intrinsic(*enumerate_instances(class_name))
         return [(name_of(element.find("INSTANCENAME")), Instance(element.find("INSTANCE")))
                 for element in answer.iter("VALUE.NAMEDINSTANCE")]
 
     def get(self, class_name, keys):
-        answer = self.intrinsic("GetInstance", parameter("InstanceName", instance_named(class_name, keys)))
-        return Instance(answer.find(".//INSTANCE"))
+        return Instance(self.intrinsic(*get_instance(class_name, keys)).find(".//INSTANCE"))
 
     def modify(self, class_name, keys, values, property_list=None):
         """`values` maps a name to (CIM type, text); the text None is null. The keys are sent as properties, too."""
-        every = {**{name: ("string", text) for name, text in keys.items()}, **values}
-        instance = f"<INSTANCE CLASSNAME={quoteattr(class_name)}>{''.join(map(property_xml, every.items()))}</INSTANCE>"
-        named = f"<VALUE.NAMEDINSTANCE>{instance_named(class_name, keys)}{instance}</VALUE.NAMEDINSTANCE>"
-        parameters = parameter("ModifiedInstance", named)
-        if property_list is not None:
-            values_xml = "".join(f"<VALUE>{name}</VALUE>" for name in property_list)
-            parameters += parameter("PropertyList", f"<VALUE.ARRAY>{values_xml}</VALUE.ARRAY>")
-        self.intrinsic("ModifyInstance", parameters)
+        self.intrinsic(*modify_instance(class_name, keys, values, property_list))
 
     def create(self, class_name, values):
-        instance = f"<INSTANCE CLASSNAME={quoteattr(class_name)}>{''.join(map(property_xml, values.items()))}</INSTANCE>"
-        return name_of(self.intrinsic("CreateInstance", parameter("NewInstance", instance)).find(".//INSTANCENAME"))
+        return name_of(self.intrinsic(*create_instance(class_name, values)).find(".//INSTANCENAME"))
 
     def delete(self, class_name, keys):
-        self.intrinsic("DeleteInstance", parameter("InstanceName", instance_named(class_name, keys)))
+        self.intrinsic(*delete_instance(class_name, keys))
 
     def invoke(self, class_name, keys, method):
-        path = f"<LOCALINSTANCEPATH>{NAMESPACE}{instance_named(class_name, keys)}</LOCALINSTANCEPATH>"
-        answer = self.post(f'<METHODCALL NAME="{method}">{path}</METHODCALL>', "MethodCall", method)
-        return answer.findtext(".//RETURNVALUE/VALUE")
+        return self.post(extrinsic_call(method, class_name, keys), method).findtext(".//RETURNVALUE/VALUE")
 
 
 class Instance:
@@ -128,26 +112,6 @@ class Instance:
     def as_sent(self):
         """What a client sends that echoes all properties."""
         return {name: (self.types[name], value) for name, value in self.values.items()}
-
-
-def parameter(name, content):
-    return f'<IPARAMVALUE NAME="{name}">{content}</IPARAMVALUE>'
-
-
-def class_named(name):
-    return f"<CLASSNAME NAME={quoteattr(name)}/>"
-
-
-def instance_named(class_name, keys):
-    bindings = "".join(f'<KEYBINDING NAME={quoteattr(name)}><KEYVALUE VALUETYPE="string">{escape(text)}</KEYVALUE></KEYBINDING>'
-                       for name, text in keys.items())
-    return f"<INSTANCENAME CLASSNAME={quoteattr(class_name)}>{bindings}</INSTANCENAME>"
-
-
-def property_xml(item):
-    name, (cim_type, text) = item
-    value = "" if text is None else f"<VALUE>{escape(text)}</VALUE>"
-    return f'<PROPERTY NAME={quoteattr(name)} TYPE="{cim_type}">{value}</PROPERTY>'
 
 
 def name_of(element):

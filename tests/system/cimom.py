@@ -8,6 +8,8 @@ import subprocess
 import time
 import xml.etree.ElementTree as ElementTree
 
+from cim_xml import get_instance, http_post, intrinsic_call, message
+
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("CIMOM_BUILD_DIR", CHECKOUT / "build/dev"))
 PROGRAM = BUILD / "standins/cimom/kv-cimom"
@@ -58,28 +60,17 @@ class ObjectManager:
         return self.descriptors()
 
 
-def post(body, headers=""):
-    """A request, byte for byte."""
-    head = (f"POST /cimom HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/xml; charset=\"utf-8\"\r\n{headers}"
-            f"CIMOperation: MethodCall\r\nContent-Length: {len(body)}\r\n\r\n")
-    return head.encode() + body
+def post(body):
+    return http_post(body, {"Content-Type": 'application/xml; charset="utf-8"', "CIMOperation": "MethodCall"})
 
 
-def call(content, message_id="1"):
-    return (f'<?xml version="1.0" encoding="utf-8"?><CIM CIMVERSION="2.0" DTDVERSION="2.0"><MESSAGE ID="{message_id}" '
-            f'PROTOCOLVERSION="1.0"><SIMPLEREQ>{content}</SIMPLEREQ></MESSAGE></CIM>').encode()
-
-
-def intrinsic(method, parameters="", message_id="1"):
-    path = '<LOCALNAMESPACEPATH><NAMESPACE NAME="root"/><NAMESPACE NAME="cimv2"/></LOCALNAMESPACEPATH>'
-    return call(f'<IMETHODCALL NAME="{method}">{path}{parameters}</IMETHODCALL>', message_id)
+def intrinsic(operation, message_id="1"):
+    return message(intrinsic_call(*operation), message_id).encode()
 
 
 def get_port(name, message_id="1"):
     """GetInstance of a port of the sample provider."""
-    binding = f'<KEYBINDING NAME="Name"><KEYVALUE VALUETYPE="string">{name}</KEYVALUE></KEYBINDING>'
-    instance_name = f'<INSTANCENAME CLASSNAME="SAMPLE_Port">{binding}</INSTANCENAME>'
-    return intrinsic("GetInstance", f'<IPARAMVALUE NAME="InstanceName">{instance_name}</IPARAMVALUE>', message_id)
+    return intrinsic(get_instance("SAMPLE_Port", {"Name": name}), message_id)
 
 
 def receive(connection):
@@ -105,5 +96,5 @@ def ask(connection, body):
     return receive(connection)
 
 
-def message(body):
+def message_in(body):
     return ElementTree.fromstring(body).find("MESSAGE")

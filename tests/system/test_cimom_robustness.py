@@ -7,7 +7,9 @@ import time
 
 import pytest
 
-from cimom import DATA, ObjectManager, ask, get_port, intrinsic, message, post, receive
+from cim_xml import class_named, parameter
+from cimom import ObjectManager, ask, get_port, intrinsic, message_in, post, receive
+from recorded_exchanges import all_exchanges
 
 MUTATIONS = 10000
 PARALLEL_SECONDS = float(os.environ.get("CIMOM_PARALLEL_SECONDS", "8"))
@@ -22,7 +24,7 @@ def manager():
 
 def recorded_bodies():
     """Bodies of recorded requests; bytes of a real client make better material than anything made up."""
-    requests = [path.read_bytes().replace(b"\r\n", b"\n") for path in sorted(DATA.glob("*.request"))]
+    requests = [exchange.request.replace(b"\r\n", b"\n") for exchange in all_exchanges()]
     return [body for _, _, body in (request.partition(b"\n\n") for request in requests) if len(body) > 100]
 
 
@@ -126,9 +128,9 @@ def test_mutated_requests_leave_it_serving(manager):
 def test_parallel_clients_get_their_own_answers(manager):
     questions = [(name, f"{name}-{{0}}", lambda message_id, port=name: get_port(port, message_id))
                  for name in ("port0", "port1", "port2", "nope", "withid")]
-    class_parameter = '<IPARAMVALUE NAME="ClassName"><CLASSNAME NAME="SAMPLE_Port"/></IPARAMVALUE>'
+    class_parameter = parameter("ClassName", class_named("SAMPLE_Port"))
     for method in ("EnumerateInstances", "EnumerateInstanceNames", "GetClass"):
-        questions.append((method, method + "-{0}", lambda message_id, name=method: intrinsic(name, class_parameter, message_id)))
+        questions.append((method, method + "-{0}", lambda message_id, call=(method, class_parameter): intrinsic(call, message_id)))
     with manager.connect() as connection:
         alone = {name: ask(connection, ask_with("0"))[1] for name, _, ask_with in questions}
     assert len(set(alone.values())) == len(questions)
@@ -160,11 +162,11 @@ def test_many_silent_connections_hold_up_nobody(manager):
     for number, connection in enumerate(silent):
         connection.sendall(post(get_port("port0", f"silent{number}"))[:-1])
     with manager.connect() as connection:
-        assert message(ask(connection, get_port("port1", "one"))[1]).get("ID") == "one"
+        assert message_in(ask(connection, get_port("port1", "one"))[1]).get("ID") == "one"
     for number, connection in enumerate(silent):
         connection.sendall(b">")
         status, body = receive(connection)
-        assert status == 200 and message(body).get("ID") == f"silent{number}"
+        assert status == 200 and message_in(body).get("ID") == f"silent{number}"
         connection.close()
     assert manager.wait_for_descriptors(before) <= before
 

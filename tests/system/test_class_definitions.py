@@ -1,7 +1,7 @@
 """The classes as the object manager has read them from mof/, beside what the provider emits."""
 import pytest
 
-from cim import class_named, parameter
+from cim_xml import class_named, parameter
 
 # Properties that a client may change; all others carry no Write qualifier.
 WRITABLE = {

@@ -13,7 +13,7 @@ import xml.etree.ElementTree as ElementTree
 LEFT_OUT = {
     "unit_platform": "tests the platform's stand-in, which the server's own libraries replace there",
     "unit_cimom": "tests the development object manager, which runs on development machines only",
-    "fuzz_seeds": "replays seeds into the MOF and CIM-XML parsers too, which run on development machines only",
+    "unit_fuzz": "replays seeds into the MOF and CIM-XML parsers too, which run on development machines only",
 }
 
 

@@ -1,43 +1,24 @@
 #include "Recording.hpp"
 
+#include "RecordedExchanges.hpp"
+
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <pugixml.hpp>
 #include <sstream>
-#include <stdexcept>
 
 namespace cimom::test
 {
 namespace
 {
 
-namespace fs = std::filesystem;
-
-std::string contentOf(const fs::path& path)
+Recording recordingOf(const recorded::Exchange& exchange)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        throw std::runtime_error("cannot read " + path.string());
-    }
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-Recording load(const fs::path& requestPath)
-{
-    fs::path path = requestPath;
-    Recording recording;
-    recording.name = path.stem().string();
-    recording.number = std::stoi(recording.name);
-    recording.request = contentOf(path);
-    const std::string response = contentOf(path.replace_extension(".response"));
-    if (response.rfind("HTTP/", 0) == 0) {
-        recording.response = parseReply(response);
+    Recording recording{exchange.name, exchange.number, exchange.request, {}, exchange.provider};
+    if (exchange.response.rfind("HTTP/", 0) == 0) {
+        recording.response = parseReply(exchange.response);
     } else {
-        recording.response.body = response;
+        recording.response.body = exchange.response;
     }
-    recording.provider = contentOf(path.replace_extension(".provider"));
     return recording;
 }
 
@@ -54,14 +35,9 @@ std::string errorText(const std::string& code, std::string description)
 std::vector<Recording> allRecordings()
 {
     std::vector<Recording> recordings;
-    for (const auto& entry : fs::directory_iterator(CIM_XML_DATA_DIR)) {
-        if (entry.path().extension() == ".request") {
-            recordings.push_back(load(entry.path()));
-        }
+    for (const recorded::Exchange& exchange : recorded::allExchanges()) {
+        recordings.push_back(recordingOf(exchange));
     }
-    std::sort(recordings.begin(), recordings.end(), [](const Recording& left, const Recording& right) {
-        return left.number != right.number ? left.number < right.number : left.name < right.name;
-    });
     return recordings;
 }
 

@@ -8,8 +8,7 @@
 namespace cimom::test
 {
 
-// One recorded exchange of tests/data/cim-xml: what a client sent, what OpenWBEM answered, and what the
-// provider behind it printed.
+// A recorded exchange with its response taken apart.
 struct Recording {
     std::string name; // "001-wbemcli-ein"
     int number = 0;   // 1
