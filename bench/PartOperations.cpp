@@ -1,8 +1,8 @@
 #include "Operations.hpp"
 
-#include "CCOrxConfig.hpp"
-#include "ORX_LANEndpointAPI.hpp"
-#include "ResolverImage.hpp"
+#include "config/CCOrxConfig.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
+#include "lansetting/ResolverImage.hpp"
 
 #include <benchmark/benchmark.h>
 

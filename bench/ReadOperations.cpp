@@ -1,11 +1,13 @@
 #include "Operations.hpp"
 
 #include "ConsoleLogger.hpp"
-#include "InterfaceQueries.hpp"
-#include "LANProvider.hpp"
-#include "ORX_LANEndpoint.hpp"
-#include "ORX_LANSetting.hpp"
 #include "ProviderEnvironment.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
+#include "netutil/InterfaceMtu.hpp"
+#include "netutil/InterfaceState.hpp"
+#include "netutil/LinkSpeed.hpp"
+#include "provider/LANProvider.hpp"
 #include "replay.h"
 
 #include <OW_CIMClass.hpp>

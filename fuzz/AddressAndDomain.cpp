@@ -1,8 +1,8 @@
-#include "DomainName.hpp"
-#include "ORX_LANEndpoint.hpp"
-#include "ORX_LANSetting.hpp"
 #include "Targets.hpp"
 #include "World.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
+#include "lansetting/DomainName.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
 
 #include <OW_CIMException.hpp>
 

@@ -1,6 +1,6 @@
-#include "CCOrxConfig.hpp"
 #include "Targets.hpp"
 #include "World.hpp"
+#include "config/CCOrxConfig.hpp"
 
 #include <algorithm>
 #include <string>

@@ -1,6 +1,6 @@
-#include "InterfaceConfiguration.hpp"
 #include "Targets.hpp"
 #include "World.hpp"
+#include "lanendpoint/InterfaceConfiguration.hpp"
 
 #include <string>
 

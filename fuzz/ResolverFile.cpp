@@ -1,7 +1,7 @@
-#include "ORX_LANSetting.hpp"
-#include "ResolverImage.hpp"
 #include "Targets.hpp"
 #include "World.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
+#include "lansetting/ResolverImage.hpp"
 
 #include <string>
 

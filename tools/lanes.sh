@@ -112,15 +112,17 @@ sources() {
 }
 
 lane_style() {
-    local formatted tidied format=0 tidy=0
+    local formatted tidied rooms=0 format=0 tidy=0
     formatted=$(sources . -regex '.*\.\(cpp\|hpp\|c\|h\)')
     tidied=$(sources src standins/platform standins/cimom tests/support -name '*.cpp')
+    /usr/bin/python3 tools/check_rooms.py || rooms=$?
+    record_result style rooms $rooms
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
     record_result style clang-format $format
     cmake --preset clang
     xargs -d '\n' -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet <<<"$tidied" || tidy=$?
     record_result style clang-tidy $tidy
-    ((format == 0 && tidy == 0))
+    ((rooms == 0 && format == 0 && tidy == 0))
 }
 
 lane_unit() {

@@ -1,4 +1,4 @@
-#include "CCOrxConfig.hpp"
+#include "config/CCOrxConfig.hpp"
 
 #include <array>
 #include <cstdio>

@@ -1,9 +1,9 @@
 #ifndef KV_CONFIG_CCORXCONFIG_HPP
 #define KV_CONFIG_CCORXCONFIG_HPP
 
-#include "CCOrxConfigObj.hpp"
-#include "CList.hpp"
-#include "Stream.hpp"
+#include "config/CCOrxConfigObj.hpp"
+#include "config/CList.hpp"
+#include "system/Stream.hpp"
 
 #include <cstdint>
 #include <string>

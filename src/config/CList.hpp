@@ -1,7 +1,7 @@
 #ifndef KV_CONFIG_CLIST_HPP
 #define KV_CONFIG_CLIST_HPP
 
-#include "CNode.hpp"
+#include "config/CNode.hpp"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "NetfilterConfig.hpp"
+#include "config/NetfilterConfig.hpp"
 
-#include "CCOrxConfig.hpp"
+#include "config/CCOrxConfig.hpp"
 
 namespace
 {

@@ -1,4 +1,4 @@
-#include "MarkingFlow.hpp"
+#include "dscp/MarkingFlow.hpp"
 
 namespace dscp
 {

@@ -1,7 +1,7 @@
 #ifndef KV_DSCP_MARKINGFLOW_HPP
 #define KV_DSCP_MARKINGFLOW_HPP
 
-#include "ORX_ALGService.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 #include <array>
 #include <cstddef>

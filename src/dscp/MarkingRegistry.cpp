@@ -1,7 +1,6 @@
-#include "MarkingRegistry.hpp"
+#include "dscp/MarkingRegistry.hpp"
 
-#include "RegistryArea.hpp"
-#include "kvu_registry.h"
+#include "system/RegistryValue.hpp"
 
 namespace dscp
 {
@@ -15,12 +14,12 @@ constexpr const char* section = "HTS\\DSCPMarking";
 
 unsigned int readSetting(const char* key, std::uint16_t& value)
 {
-    return KvuGetRegEntryUint16Ex(registryArea, section, key, &value);
+    return registry::read(section, key, value);
 }
 
 unsigned int writeSetting(const char* key, std::uint16_t value)
 {
-    return KvuSetRegEntryUint16Ex(registryArea, section, key, value);
+    return registry::write(section, key, value);
 }
 
 } // namespace dscp

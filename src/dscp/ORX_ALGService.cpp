@@ -1,4 +1,4 @@
-#include "ORX_ALGService.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 ORX_ALGServiceInstanceManager ORX_ALGService::defaultInstanceManager;
 ORX_ALGServiceInstanceManager* ORX_ALGService::theInstanceManager = &ORX_ALGService::defaultInstanceManager;

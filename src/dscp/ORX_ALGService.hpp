@@ -1,7 +1,7 @@
 #ifndef KV_DSCP_ORX_ALGSERVICE_HPP
 #define KV_DSCP_ORX_ALGSERVICE_HPP
 
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "dscp/ORX_ALGServiceInstanceManager.hpp"
 
 #include <OW_config.h>
 

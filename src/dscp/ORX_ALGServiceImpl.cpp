@@ -1,7 +1,7 @@
-#include "ORX_ALGServiceImpl.hpp"
+#include "dscp/ORX_ALGServiceImpl.hpp"
 
-#include "MarkingRegistry.hpp"
-#include "dscLog.hpp"
+#include "dscp/MarkingRegistry.hpp"
+#include "dscp/dscLog.hpp"
 
 namespace
 {

@@ -1,8 +1,8 @@
 #ifndef KV_DSCP_ORX_ALGSERVICEIMPL_HPP
 #define KV_DSCP_ORX_ALGSERVICEIMPL_HPP
 
-#include "MarkingFlow.hpp"
-#include "ORX_ALGService.hpp"
+#include "dscp/MarkingFlow.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 #include <array>
 #include <cstdint>

@@ -1,9 +1,9 @@
-#include "ORX_ALGServiceImplInstanceManager.hpp"
+#include "dscp/ORX_ALGServiceImplInstanceManager.hpp"
 
-#include "MarkingFlow.hpp"
-#include "MarkingRegistry.hpp"
-#include "ORX_ALGServiceImpl.hpp"
-#include "dscLog.hpp"
+#include "dscp/MarkingFlow.hpp"
+#include "dscp/MarkingRegistry.hpp"
+#include "dscp/ORX_ALGServiceImpl.hpp"
+#include "dscp/dscLog.hpp"
 
 namespace
 {

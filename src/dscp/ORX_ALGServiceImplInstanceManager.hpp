@@ -1,7 +1,7 @@
 #ifndef KV_DSCP_ORX_ALGSERVICEIMPLINSTANCEMANAGER_HPP
 #define KV_DSCP_ORX_ALGSERVICEIMPLINSTANCEMANAGER_HPP
 
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "dscp/ORX_ALGServiceInstanceManager.hpp"
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "dscp/ORX_ALGServiceInstanceManager.hpp"
 
-#include "CFG_Exception.hpp"
-#include "ORX_ALGService.hpp"
+#include "dscp/CFG_Exception.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 namespace
 {

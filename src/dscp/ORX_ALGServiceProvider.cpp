@@ -1,9 +1,9 @@
-#include "ORX_ALGServiceProvider.hpp"
+#include "dscp/ORX_ALGServiceProvider.hpp"
 
-#include "CFG_Exception.hpp"
-#include "Failure.hpp"
-#include "ORX_ALGServiceImplInstanceManager.hpp"
-#include "ServiceProperty.hpp"
+#include "dscp/CFG_Exception.hpp"
+#include "dscp/ORX_ALGServiceImplInstanceManager.hpp"
+#include "dscp/ServiceProperty.hpp"
+#include "reporting/Failure.hpp"
 
 #include <OW_CIMException.hpp>
 #include <OW_CIMValue.hpp>

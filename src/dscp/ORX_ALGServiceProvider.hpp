@@ -1,7 +1,7 @@
 #ifndef KV_DSCP_ORX_ALGSERVICEPROVIDER_HPP
 #define KV_DSCP_ORX_ALGSERVICEPROVIDER_HPP
 
-#include "ORX_ALGService.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 #include <OW_config.h>
 

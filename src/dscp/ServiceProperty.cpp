@@ -1,4 +1,4 @@
-#include "ServiceProperty.hpp"
+#include "dscp/ServiceProperty.hpp"
 
 #include <OW_CIMDateTime.hpp>
 #include <OW_String.hpp>

@@ -1,4 +1,4 @@
-#include "dscLog.hpp"
+#include "dscp/dscLog.hpp"
 
 #include <cstdarg>
 #include <cstdint>

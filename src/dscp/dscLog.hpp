@@ -1,7 +1,7 @@
 #ifndef KV_DSCP_DSCLOG_HPP
 #define KV_DSCP_DSCLOG_HPP
 
-#include "kvu_diag.h"
+#include <kvu_diag.h>
 
 /// The marking service's diagnostics, written to the server's diagnostics log (module "ORX_DSCPService", file
 /// "ORX_DSCP.log").

@@ -1,4 +1,4 @@
-#include "EmsIPChangePacketHandler.hpp"
+#include "lanendpoint/EmsIPChangePacketHandler.hpp"
 
 #include <syslog.h>
 

@@ -1,6 +1,6 @@
-#include "InterfaceConfiguration.hpp"
+#include "lanendpoint/InterfaceConfiguration.hpp"
 
-#include "Stream.hpp"
+#include "system/Stream.hpp"
 
 #include <OW_Array.hpp>
 

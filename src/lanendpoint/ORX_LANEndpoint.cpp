@@ -1,9 +1,11 @@
-#include "ORX_LANEndpoint.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
 
-#include "InterfaceQueries.hpp"
-#include "InterfaceRequest.hpp"
-#include "Logging.hpp"
-#include "StoredMtu.hpp"
+#include "netutil/InterfaceMtu.hpp"
+#include "netutil/InterfaceRequest.hpp"
+#include "netutil/InterfaceState.hpp"
+#include "netutil/LinkSpeed.hpp"
+#include "netutil/StoredMtu.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_CIMValue.hpp>
 

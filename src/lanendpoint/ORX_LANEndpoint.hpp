@@ -1,7 +1,7 @@
 #ifndef KV_LANENDPOINT_ORX_LANENDPOINT_HPP
 #define KV_LANENDPOINT_ORX_LANENDPOINT_HPP
 
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <OW_Array.hpp>
 #include <OW_CIMDateTime.hpp>
@@ -62,7 +62,8 @@ class ORX_LANEndpoint : public ORX_LANEndpointAPI
     /// "Internal LAN", "Customer LAN" or "OAM LAN". Throws what getMapping throws.
     int getDescription(OpenWBEM::String& description) const;
 
-    // Asked of the live interface; see InterfaceQueries.hpp for the values. 0 when it cannot be asked.
+    // Asked of the live interface; see InterfaceState.hpp and LinkSpeed.hpp for the values. 0 when it cannot
+    // be asked.
     int getOperationalStatus(unsigned short& operationalStatus) const;
     int getEnabledState(unsigned short& enabledState) const;
     int getProtocolIFType(unsigned short& protocolIFType) const;

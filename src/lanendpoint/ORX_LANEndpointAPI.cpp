@@ -1,7 +1,9 @@
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
-#include "CommandExecution.hpp"
-#include "EmsIPChangePacketHandler.hpp"
+#include "lanendpoint/EmsIPChangePacketHandler.hpp"
+#include "system/CommandExecution.hpp"
+#include "system/LanSemaphore.hpp"
+#include "system/VoiceMessaging.hpp"
 
 #include <OW_Array.hpp>
 #include <OW_Types.hpp>

@@ -1,7 +1,7 @@
 #ifndef KV_LANENDPOINT_ORX_LANENDPOINTAPI_HPP
 #define KV_LANENDPOINT_ORX_LANENDPOINTAPI_HPP
 
-#include "InterfaceConfiguration.hpp"
+#include "lanendpoint/InterfaceConfiguration.hpp"
 
 /// How endChange ended.
 enum ChangeOutcome : int {

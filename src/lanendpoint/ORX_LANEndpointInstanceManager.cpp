@@ -1,6 +1,6 @@
-#include "ORX_LANEndpointInstanceManager.hpp"
+#include "lanendpoint/ORX_LANEndpointInstanceManager.hpp"
 
-#include "Logging.hpp"
+#include "reporting/Logging.hpp"
 
 #include <os_layer.h>
 

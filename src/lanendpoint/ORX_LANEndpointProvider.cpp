@@ -1,8 +1,8 @@
-#include "ORX_LANEndpointProvider.hpp"
+#include "lanendpoint/ORX_LANEndpointProvider.hpp"
 
-#include "Failure.hpp"
-#include "Logging.hpp"
-#include "OperationGuard.hpp"
+#include "reporting/Failure.hpp"
+#include "reporting/Logging.hpp"
+#include "reporting/OperationGuard.hpp"
 
 #include <OW_CIMException.hpp>
 #include <OW_CIMNULL.hpp>

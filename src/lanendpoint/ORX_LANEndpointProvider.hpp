@@ -1,8 +1,8 @@
 #ifndef KV_LANENDPOINT_ORX_LANENDPOINTPROVIDER_HPP
 #define KV_LANENDPOINT_ORX_LANENDPOINTPROVIDER_HPP
 
-#include "ORX_LANEndpoint.hpp"
-#include "ORX_LANEndpointInstanceManager.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
+#include "lanendpoint/ORX_LANEndpointInstanceManager.hpp"
 
 #include <OW_CIMClass.hpp>
 #include <OW_CIMFwd.hpp>

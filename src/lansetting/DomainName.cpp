@@ -1,4 +1,4 @@
-#include "DomainName.hpp"
+#include "lansetting/DomainName.hpp"
 
 namespace
 {

@@ -1,16 +1,15 @@
-#include "ORX_LANSetting.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
 
-#include "CommandExecution.hpp"
-#include "DomainName.hpp"
-#include "Logging.hpp"
-#include "NetfilterConfig.hpp"
-#include "RegistryArea.hpp"
-#include "ResolverImage.hpp"
-#include "Stream.hpp"
+#include "config/NetfilterConfig.hpp"
+#include "lansetting/DomainName.hpp"
+#include "lansetting/ResolverImage.hpp"
+#include "reporting/Logging.hpp"
+#include "system/LanSemaphore.hpp"
+#include "system/RegistryValue.hpp"
+#include "system/Stream.hpp"
 
-#include "dhcp_ip_info.h"
-#include "kvu_registry.h"
-#include "os_layer.h"
+#include <dhcp_ip_info.h>
+#include <os_layer.h>
 
 #include <OW_Types.hpp>
 
@@ -55,7 +54,7 @@ String codeText(int code)
 /// Marks a setting as configured, for the server's other components.
 void setRegistryFlag(const char* flag)
 {
-    KvuSetRegEntryUint16Ex(registryArea, registrySection, flag, 1);
+    registry::write(registrySection, flag, 1);
 }
 
 /// False when the file cannot be opened.

@@ -1,7 +1,7 @@
 #ifndef KV_LANSETTING_ORX_LANSETTING_HPP
 #define KV_LANSETTING_ORX_LANSETTING_HPP
 
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <OW_config.h>
 

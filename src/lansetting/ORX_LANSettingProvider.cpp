@@ -1,8 +1,8 @@
-#include "ORX_LANSettingProvider.hpp"
+#include "lansetting/ORX_LANSettingProvider.hpp"
 
-#include "Failure.hpp"
-#include "Logging.hpp"
-#include "OperationGuard.hpp"
+#include "reporting/Failure.hpp"
+#include "reporting/Logging.hpp"
+#include "reporting/OperationGuard.hpp"
 
 #include <OW_Array.hpp>
 #include <OW_Bool.hpp>

@@ -1,7 +1,7 @@
 #ifndef KV_LANSETTING_ORX_LANSETTINGPROVIDER_HPP
 #define KV_LANSETTING_ORX_LANSETTINGPROVIDER_HPP
 
-#include "ORX_LANSetting.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
 
 #include <OW_CIMClass.hpp>
 #include <OW_CIMFwd.hpp>

@@ -1,4 +1,4 @@
-#include "ResolverImage.hpp"
+#include "lansetting/ResolverImage.hpp"
 
 #include <OW_Array.hpp>
 #include <OW_CommonFwd.hpp>

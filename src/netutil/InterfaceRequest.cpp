@@ -1,4 +1,4 @@
-#include "InterfaceRequest.hpp"
+#include "netutil/InterfaceRequest.hpp"
 
 #include <sys/ioctl.h>
 #include <sys/socket.h>

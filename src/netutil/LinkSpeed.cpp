@@ -1,5 +1,6 @@
-#include "InterfaceQueries.hpp"
-#include "InterfaceRequest.hpp"
+#include "netutil/LinkSpeed.hpp"
+
+#include "netutil/InterfaceRequest.hpp"
 
 #include <linux/sockios.h>
 

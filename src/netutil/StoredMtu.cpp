@@ -1,8 +1,6 @@
-#include "StoredMtu.hpp"
+#include "netutil/StoredMtu.hpp"
 
-#include "RegistryArea.hpp"
-
-#include <kvu_registry.h>
+#include "system/RegistryValue.hpp"
 
 #include <string>
 
@@ -11,7 +9,7 @@ namespace
 
 constexpr const char* valueName = "MTUSize";
 
-std::string keyPath(const char* ifName)
+std::string section(const char* ifName)
 {
     return std::string("providers\\ORX_LANProvider\\") + ifName;
 }
@@ -21,10 +19,10 @@ std::string keyPath(const char* ifName)
 unsigned int storedmtu::read(const char* ifName, std::uint16_t& mtu)
 {
     mtu = 0;
-    return KvuGetRegEntryUint16Ex(registryArea, keyPath(ifName).c_str(), valueName, &mtu);
+    return registry::read(section(ifName).c_str(), valueName, mtu);
 }
 
 void storedmtu::write(const char* ifName, std::uint16_t mtu)
 {
-    KvuSetRegEntryUint16Ex(registryArea, keyPath(ifName).c_str(), valueName, mtu);
+    registry::write(section(ifName).c_str(), valueName, mtu);
 }

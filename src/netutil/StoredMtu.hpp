@@ -1,15 +1,17 @@
 #ifndef KV_NETUTIL_STOREDMTU_HPP
 #define KV_NETUTIL_STOREDMTU_HPP
 
+#include "system/RegistryValue.hpp"
+
 #include <cstdint>
 
-/// The MTU of an interface as the server's registry keeps it across restarts, in bytes: area 5, key
+/// The MTU of an interface as the server's registry keeps it across restarts, in bytes: section
 /// "providers\ORX_LANProvider\<interface>", value "MTUSize".
 namespace storedmtu
 {
 
 /// The registry's status for a value that does not exist.
-constexpr unsigned int absent = 0x20000D;
+using registry::absent;
 
 /// Reads the MTU into `mtu`, which starts at 0 and holds afterwards what the registry delivered. Returns the
 /// registry's status: 0 when the MTU was read, `absent` when none is stored, another status when the registry

@@ -1,11 +1,11 @@
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
-#include "Failure.hpp"
-#include "Logging.hpp"
-#include "MTUSize.hpp"
-#include "ORX_ALGServiceProvider.hpp"
-#include "ORX_LANEndpointProvider.hpp"
-#include "ORX_LANSettingProvider.hpp"
+#include "dscp/ORX_ALGServiceProvider.hpp"
+#include "lanendpoint/ORX_LANEndpointProvider.hpp"
+#include "lansetting/ORX_LANSettingProvider.hpp"
+#include "provider/MTUSize.hpp"
+#include "reporting/Failure.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_CIM.hpp>
 #include <OW_CIMException.hpp>

@@ -1,7 +1,7 @@
-#include "MTUSize.hpp"
+#include "provider/MTUSize.hpp"
 
-#include "InterfaceRequest.hpp"
-#include "StoredMtu.hpp"
+#include "netutil/InterfaceRequest.hpp"
+#include "netutil/StoredMtu.hpp"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,6 +1,6 @@
 // The entry points of the library for an object manager that runs one request at a time.
 
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
 using namespace OpenWBEM; // OW_PROVIDERFACTORY names OpenWBEM's types
 

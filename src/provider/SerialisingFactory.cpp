@@ -1,6 +1,6 @@
 // The entry points of the library for an object manager that runs requests side by side.
 
-#include "SerialisingLANProvider.hpp"
+#include "provider/SerialisingLANProvider.hpp"
 
 using namespace OpenWBEM; // OW_PROVIDERFACTORY names OpenWBEM's types
 

@@ -1,4 +1,4 @@
-#include "SerialisingLANProvider.hpp"
+#include "provider/SerialisingLANProvider.hpp"
 
 #include <mutex>
 #include <pthread.h>

@@ -1,7 +1,7 @@
 #ifndef KV_PROVIDER_SERIALISINGLANPROVIDER_HPP
 #define KV_PROVIDER_SERIALISINGLANPROVIDER_HPP
 
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
 /// A LANProvider for an object manager that runs requests side by side, as OpenWBEM runs reads. It forwards
 /// every call unchanged, one at a time; results and exceptions pass through untouched.

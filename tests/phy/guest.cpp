@@ -2,7 +2,9 @@
 // questions about them with the product's own functions. It is driven through the second serial port, one
 // line a question, one an answer; the first serial port is the kernel's console.
 
-#include "InterfaceQueries.hpp"
+#include "netutil/InterfaceMtu.hpp"
+#include "netutil/InterfaceState.hpp"
+#include "netutil/LinkSpeed.hpp"
 
 #include <fcntl.h>
 #include <net/if.h>

@@ -1,6 +1,6 @@
 #include "Environment.hpp"
 
-#include "Logging.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_CIMOMHandleIFC.hpp>
 #include <OW_LogMessage.hpp>

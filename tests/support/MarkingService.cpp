@@ -1,7 +1,7 @@
 #include "MarkingService.hpp"
 
-#include "ORX_ALGService.hpp"
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "dscp/ORX_ALGService.hpp"
+#include "dscp/ORX_ALGServiceInstanceManager.hpp"
 
 void fakes::releaseMarkingService()
 {

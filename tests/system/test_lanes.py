@@ -20,10 +20,11 @@ def project(tmp_path):
     shutil.copy(CHECKOUT / "test", tmp_path)
     shutil.copytree(CHECKOUT / "tools", tmp_path / "tools")
     (tmp_path / "packages.txt").write_text("bash\n")
-    for directory in ("src", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
+    for directory in ("src/room", "docs", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
         (tmp_path / directory).mkdir(parents=True)
-    for source in ("src/one.cpp", "src/one.hpp", "tests/data/recorded.c", "build/made.cpp"):
+    for source in ("src/room/one.cpp", "src/room/one.hpp", "tests/data/recorded.c", "build/made.cpp"):
         (tmp_path / source).touch()
+    (tmp_path / "docs/architecture.md").write_text("| `src/room` | one | nothing of the project |\n")
     (tmp_path / "bin").mkdir()
     for tool in ("clang-format-14", "clang-tidy-14", "cmake"):
         play(tmp_path, tool, f'echo "{tool} $*" >>called')
@@ -62,20 +63,27 @@ def marked_processes():
     return found
 
 
-def test_the_style_lane_alone_succeeds_with_both_its_results(project):
+def test_the_style_lane_alone_succeeds_with_all_its_results(project):
     done = run(project, "style")
-    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "2 passed, 0 failed")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "3 passed, 0 failed")
     assert (project / "called").read_text() == (
-        "clang-format-14 --dry-run --Werror ./src/one.cpp ./src/one.hpp\ncmake --preset clang\n"
-        "clang-tidy-14 -p build/clang --quiet src/one.cpp\n")
+        "clang-format-14 --dry-run --Werror ./src/room/one.cpp ./src/room/one.hpp\ncmake --preset clang\n"
+        "clang-tidy-14 -p build/clang --quiet src/room/one.cpp\n")
 
 
 @pytest.mark.parametrize("tool", ["clang-format-14", "clang-tidy-14"])
 def test_what_a_style_tool_finds_is_one_failure(project, tool):
-    play(project, tool, "echo src/one.cpp:1: untidy; exit 1")
+    play(project, tool, "echo src/room/one.cpp:1: untidy; exit 1")
     done = run(project, "style")
-    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "1 passed, 1 failed")
-    assert "   src/one.cpp:1: untidy\n" in done.stdout
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "2 passed, 1 failed")
+    assert "   src/room/one.cpp:1: untidy\n" in done.stdout
+
+
+def test_an_include_of_a_room_that_the_table_does_not_allow_is_one_failure(project):
+    (project / "src/room/one.cpp").write_text('#include "elsewhere/two.hpp"\n')
+    done = run(project, "style")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "2 passed, 1 failed")
+    assert '   src/room/one.cpp:1: "elsewhere/two.hpp" names no header by its room\n' in done.stdout
 
 
 def test_the_style_lane_fails_without_a_directory_that_it_looks_at(project):
@@ -87,7 +95,7 @@ def test_the_style_lane_fails_without_a_directory_that_it_looks_at(project):
 
 
 def test_the_style_lane_fails_without_sources(project):
-    (project / "src/one.cpp").unlink()
+    (project / "src/room/one.cpp").unlink()
     done = run(project, "style")
     assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "0 passed, 0 failed")
     assert "there is no file to look at: src " in done.stdout
@@ -124,7 +132,7 @@ def test_it_may_be_started_through_a_link(project, tmp_path_factory):
     link = tmp_path_factory.mktemp("elsewhere") / "test"
     link.symlink_to(project / "test")
     done = subprocess.run(**{**command(project, "style"), "args": [link, "style"]}, stdout=subprocess.PIPE, check=False)
-    assert done.stdout.endswith("2 passed, 0 failed\n")
+    assert done.stdout.endswith("3 passed, 0 failed\n")
 
 
 # What a lane starts may end at an interrupt, clean up first and fail then, have a group of its own or ignore the interrupt.

@@ -1,10 +1,10 @@
 // What the product takes for granted about the server's processor, kernel interface and C++ types, held
 // against the headers of the target that these tests are built for.
 
-#include "EmsIPChangePacketHandler.hpp"
 #include "Environment.hpp"
-#include "InterfaceQueries.hpp"
-#include "ORX_LANSetting.hpp"
+#include "lanendpoint/EmsIPChangePacketHandler.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
+#include "netutil/LinkSpeed.hpp"
 
 #include <OW_CIMValue.hpp>
 #include <OW_String.hpp>

@@ -1,5 +1,5 @@
-#include "CCOrxConfigObj.hpp"
-#include "CNode.hpp"
+#include "config/CCOrxConfigObj.hpp"
+#include "config/CNode.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "NetfilterConfig.hpp"
+#include "config/NetfilterConfig.hpp"
 
 #include "World.hpp"
 

@@ -1,6 +1,6 @@
 // The pool from which a list takes its nodes: how many are allocated at once, and when they are given back.
 
-#include "CList.hpp"
+#include "config/CList.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "CCOrxConfigObj.hpp"
-#include "CList.hpp"
+#include "config/CCOrxConfigObj.hpp"
+#include "config/CList.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #ifndef KV_TESTS_UNIT_CONFIG_STORETEST_HPP
 #define KV_TESTS_UNIT_CONFIG_STORETEST_HPP
 
-#include "CCOrxConfig.hpp"
 #include "World.hpp"
+#include "config/CCOrxConfig.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "ServiceTest.hpp"
 
-#include "dscLog.hpp"
+#include "dscp/dscLog.hpp"
 
 namespace
 {

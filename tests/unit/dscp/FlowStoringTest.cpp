@@ -3,7 +3,7 @@
 #include "FlowTexts.hpp"
 #include "ServiceTest.hpp"
 
-#include "ORX_ALGServiceImpl.hpp"
+#include "dscp/ORX_ALGServiceImpl.hpp"
 
 #include <tuple>
 

@@ -1,7 +1,7 @@
 #ifndef KV_TESTS_DSCP_FLOWTEXTS_HPP
 #define KV_TESTS_DSCP_FLOWTEXTS_HPP
 
-#include "ORX_ALGService.hpp"
+#include "dscp/ORX_ALGService.hpp"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #include "ServiceTest.hpp"
 
-#include "CFG_Exception.hpp"
+#include "dscp/CFG_Exception.hpp"
 
 #include <memory>
 #include <typeinfo>

@@ -3,9 +3,9 @@
 #include "FlowTexts.hpp"
 #include "ServiceTest.hpp"
 
-#include "ORX_ALGServiceImpl.hpp"
-#include "ORX_ALGServiceImplInstanceManager.hpp"
-#include "dscLog.hpp"
+#include "dscp/ORX_ALGServiceImpl.hpp"
+#include "dscp/ORX_ALGServiceImplInstanceManager.hpp"
+#include "dscp/dscLog.hpp"
 
 #include <memory>
 

@@ -2,8 +2,8 @@
 // this code does not choose, while managers and services may still be about.
 
 #include "Environment.hpp"
-#include "ORX_ALGService.hpp"
-#include "ORX_ALGServiceProvider.hpp"
+#include "dscp/ORX_ALGService.hpp"
+#include "dscp/ORX_ALGServiceProvider.hpp"
 
 #include <gtest/gtest.h>
 

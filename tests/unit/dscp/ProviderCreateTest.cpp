@@ -1,7 +1,7 @@
 #include "FlowTexts.hpp"
 #include "ProviderTest.hpp"
 
-#include "CFG_Exception.hpp"
+#include "dscp/CFG_Exception.hpp"
 
 #include <OW_CIMValueCast.hpp>
 

@@ -1,7 +1,7 @@
 // Single instances: how they are found, what they carry, and what a provider does before and beside requests.
 
-#include "CFG_Exception.hpp"
 #include "ProviderTest.hpp"
+#include "dscp/CFG_Exception.hpp"
 
 #include <OW_CIMQualifier.hpp>
 

@@ -2,7 +2,7 @@
 
 #include "ProviderTest.hpp"
 
-#include "CFG_Exception.hpp"
+#include "dscp/CFG_Exception.hpp"
 
 #include <stdexcept>
 

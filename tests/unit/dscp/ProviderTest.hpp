@@ -4,7 +4,7 @@
 #include "FullService.hpp"
 #include "ServiceTest.hpp"
 
-#include "ORX_ALGServiceProvider.hpp"
+#include "dscp/ORX_ALGServiceProvider.hpp"
 
 #include <OW_CIMException.hpp>
 #include <OW_CIMInstance.hpp>

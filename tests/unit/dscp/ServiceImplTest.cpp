@@ -1,9 +1,9 @@
 #include "FlowTexts.hpp"
 #include "ServiceTest.hpp"
 
-#include "CFG_Exception.hpp"
-#include "ORX_ALGServiceImpl.hpp"
-#include "ORX_ALGServiceImplInstanceManager.hpp"
+#include "dscp/CFG_Exception.hpp"
+#include "dscp/ORX_ALGServiceImpl.hpp"
+#include "dscp/ORX_ALGServiceImplInstanceManager.hpp"
 
 #include <memory>
 

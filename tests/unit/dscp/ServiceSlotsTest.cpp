@@ -4,7 +4,7 @@
 #include "ServiceTest.hpp"
 
 #include "ClassLayout.hpp"
-#include "ORX_ALGServiceProvider.hpp"
+#include "dscp/ORX_ALGServiceProvider.hpp"
 
 #include <typeinfo>
 

@@ -2,7 +2,7 @@
 
 #include "FlowTexts.hpp"
 #include "MarkingService.hpp"
-#include "dscLog.hpp"
+#include "dscp/dscLog.hpp"
 
 #include <cstdarg>
 #include <cstdio>

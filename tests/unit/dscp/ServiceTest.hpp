@@ -2,8 +2,8 @@
 #define KV_TESTS_DSCP_SERVICETEST_HPP
 
 #include "Environment.hpp"
-#include "ORX_ALGService.hpp"
-#include "ORX_ALGServiceInstanceManager.hpp"
+#include "dscp/ORX_ALGService.hpp"
+#include "dscp/ORX_ALGServiceInstanceManager.hpp"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "Server.hpp"
 
-#include "Logging.hpp"
 #include "MarkingService.hpp"
-#include "ORX_LANSettingProvider.hpp"
+#include "lansetting/ORX_LANSettingProvider.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_CIM.hpp>
 #include <OW_CIMParamValue.hpp>

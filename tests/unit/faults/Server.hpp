@@ -2,8 +2,8 @@
 #define KV_TESTS_FAULTS_SERVER_HPP
 
 #include "Environment.hpp"
-#include "LANProvider.hpp"
 #include "World.hpp"
+#include "provider/LANProvider.hpp"
 
 #include <OW_CIMInstance.hpp>
 #include <OW_CIMObjectPath.hpp>

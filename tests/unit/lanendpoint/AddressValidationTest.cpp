@@ -1,5 +1,5 @@
 #include "EndpointServer.hpp"
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>
 

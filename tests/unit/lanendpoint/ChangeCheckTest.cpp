@@ -1,7 +1,7 @@
 // What endChange refuses, and that a refusal touches nothing.
 
 #include "EndpointServer.hpp"
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
-#include "ORX_LANEndpoint.hpp"
 #include "Overrides.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
 
 #include <gtest/gtest.h>
 

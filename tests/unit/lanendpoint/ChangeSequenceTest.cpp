@@ -2,7 +2,7 @@
 
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>
 

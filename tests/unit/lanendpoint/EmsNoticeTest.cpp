@@ -1,6 +1,6 @@
-#include "EmsIPChangePacketHandler.hpp"
 #include "EndpointServer.hpp"
-#include "ORX_LANEndpointAPI.hpp"
+#include "lanendpoint/EmsIPChangePacketHandler.hpp"
+#include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
-#include "ORX_LANEndpoint.hpp"
 #include "Overrides.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
 
 #include <OW_CIMValue.hpp>
 

@@ -1,6 +1,6 @@
 #include "EndpointServer.hpp"
 #include "Failures.hpp"
-#include "ORX_LANEndpoint.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "EndpointServer.hpp"
-#include "ORX_LANEndpointInstanceManager.hpp"
+#include "lanendpoint/ORX_LANEndpointInstanceManager.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "InterfaceConfiguration.hpp"
+#include "lanendpoint/InterfaceConfiguration.hpp"
 #include "EndpointServer.hpp"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "Overrides.hpp"
 
-#include "ORX_LANEndpoint.hpp"
+#include "lanendpoint/ORX_LANEndpoint.hpp"
 
 #include <optional>
 

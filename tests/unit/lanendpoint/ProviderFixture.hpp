@@ -2,8 +2,8 @@
 #define KV_TESTS_PROVIDERFIXTURE_HPP
 
 #include "EndpointServer.hpp"
-#include "ORX_LANEndpointProvider.hpp"
 #include "Overrides.hpp"
+#include "lanendpoint/ORX_LANEndpointProvider.hpp"
 
 #include <OW_CIM.hpp>
 

@@ -1,6 +1,6 @@
 #include "ModelFaults.hpp"
 
-#include "ORX_LANSetting.hpp"
+#include "lansetting/ORX_LANSetting.hpp"
 
 ModelFaults modelFaults;
 

@@ -1,6 +1,6 @@
 // What is kept of a resolver file, and which name servers are found in it.
 
-#include "ResolverImage.hpp"
+#include "lansetting/ResolverImage.hpp"
 
 #include <gtest/gtest.h>
 

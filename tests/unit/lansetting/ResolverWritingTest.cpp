@@ -1,6 +1,6 @@
 // How a new domain or name server goes into the text that is kept of a resolver file.
 
-#include "ResolverImage.hpp"
+#include "lansetting/ResolverImage.hpp"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "SettingRequests.hpp"
 
-#include "Logging.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_LogMessage.hpp>
 

@@ -3,7 +3,7 @@
 
 #include "Environment.hpp"
 #include "ModelFaults.hpp"
-#include "ORX_LANSettingProvider.hpp"
+#include "lansetting/ORX_LANSettingProvider.hpp"
 
 #include <OW_CIMException.hpp>
 

@@ -1,4 +1,4 @@
-#include "InterfaceRequest.hpp"
+#include "netutil/InterfaceRequest.hpp"
 #include "Environment.hpp"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
+#include "netutil/LinkSpeed.hpp"
 #include "Environment.hpp"
-#include "InterfaceQueries.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Environment.hpp"
-#include "InterfaceQueries.hpp"
+#include "netutil/InterfaceMtu.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "StoredMtu.hpp"
+#include "netutil/StoredMtu.hpp"
 #include "Environment.hpp"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 
 #include "ClassLayout.hpp"
 #include "Environment.hpp"
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "Logging.hpp"
 #include "RoofFixture.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_CIM.hpp>
 #include <OW_CIMException.hpp>

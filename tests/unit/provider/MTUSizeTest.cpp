@@ -1,4 +1,4 @@
-#include "MTUSize.hpp"
+#include "provider/MTUSize.hpp"
 #include "Environment.hpp"
 
 #include <gtest/gtest.h>

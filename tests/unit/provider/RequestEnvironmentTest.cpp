@@ -1,7 +1,7 @@
 // What nobody foresaw is logged where the request says, not where the initialisation said.
 
-#include "Logging.hpp"
 #include "RoofFixture.hpp"
+#include "reporting/Logging.hpp"
 
 #include <OW_Logger.hpp>
 

@@ -2,7 +2,7 @@
 #define KV_TESTS_ROOFFIXTURE_HPP
 
 #include "Environment.hpp"
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
 #include <OW_CIM.hpp>
 #include <OW_CIMException.hpp>

@@ -1,6 +1,6 @@
 #include "RecordingLANProvider.hpp"
 
-#include "LANProvider.hpp"
+#include "provider/LANProvider.hpp"
 
 using namespace OpenWBEM; // the operations are all about OpenWBEM's types
 using recording::call;

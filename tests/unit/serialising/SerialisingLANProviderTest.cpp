@@ -1,6 +1,6 @@
 // Every call goes to the decorated provider as it came, and only one at a time is inside it.
 
-#include "SerialisingLANProvider.hpp"
+#include "provider/SerialisingLANProvider.hpp"
 #include "RecordingLANProvider.hpp"
 
 #include <OW_CIMException.hpp>

@@ -1,7 +1,7 @@
 #ifndef KV_REPORTING_OPERATIONGUARD_HPP
 #define KV_REPORTING_OPERATIONGUARD_HPP
 
-#include "Failure.hpp"
+#include "reporting/Failure.hpp"
 
 #include <OW_ProviderEnvironmentIFC.hpp>
 

@@ -1,4 +1,4 @@
-#include "Logging.hpp"
+#include "reporting/Logging.hpp"
 
 namespace reporting
 {

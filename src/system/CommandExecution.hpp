@@ -1,5 +1,5 @@
-#ifndef KV_NETUTIL_COMMANDEXECUTION_HPP
-#define KV_NETUTIL_COMMANDEXECUTION_HPP
+#ifndef KV_SYSTEM_COMMANDEXECUTION_HPP
+#define KV_SYSTEM_COMMANDEXECUTION_HPP
 
 #include <OW_config.h>
 
@@ -13,11 +13,6 @@
 /// command runner, 0 for success. Never throws a CIMException.
 int runCommand(const OpenWBEM::String& command, OpenWBEM::String& output);
 
-/// Runs a command that rewrites LAN configuration, with runCommand, while the DHCP service is kept from
-/// reading it by the server's DHCP LAN semaphore. Neither the semaphore's result nor the command's is looked
-/// at: request, run, release.
-void runUnderLanSemaphore(const OpenWBEM::String& command);
-
 /// Whether invokeCommand may run `command`: not when it contains ";", "(" or ")". Nothing else is refused, on
 /// purpose: the server's commands may use pipes, redirections and "&".
 bool checkInjection(const OpenWBEM::String& command);
@@ -27,9 +22,5 @@ bool checkInjection(const OpenWBEM::String& command);
 /// with the text "Failed to execute the command: " and the command line when it is refused or fails. Nothing
 /// is logged.
 OpenWBEM::String invokeCommand(const OpenWBEM::String& command);
-
-/// Starts and stops the voice-messaging service. They throw what invokeCommand throws.
-void startVoiceMail();
-void stopVoiceMail();
 
 #endif

@@ -1,7 +1,7 @@
 #ifndef KV_REPORTING_LOGGING_HPP
 #define KV_REPORTING_LOGGING_HPP
 
-#include "Failure.hpp"
+#include "reporting/Failure.hpp"
 
 #include <OW_config.h>
 

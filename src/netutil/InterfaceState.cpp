@@ -1,8 +1,7 @@
-#include "InterfaceQueries.hpp"
+#include "netutil/InterfaceState.hpp"
 
-#include "InterfaceRequest.hpp"
-
-#include <cstdio>
+#include "netutil/InterfaceRequest.hpp"
+#include "netutil/LinkSpeed.hpp"
 
 namespace
 {
@@ -48,34 +47,4 @@ int kv_get_enabledState(const char* ifName, std::uint16_t* state)
 int kv_get_operationalStatus(const char* ifName, std::uint16_t* status)
 {
     return stateFromFlag(ifName, IFF_RUNNING, status);
-}
-
-int kv_set_mtu(const char* ifName, std::uint32_t mtu)
-{
-    InterfaceRequest request(ifName);
-    if (!request.isOpen()) {
-        std::perror("socket");
-        return -1;
-    }
-    if (!request.setMtu(static_cast<int>(mtu)))
-        return -1;
-    // Intended: the MTU is read back although nothing looks at it. A change is this sequence of kernel
-    // requests.
-    std::uint32_t readBack = 0;
-    kv_get_mtu(ifName, &readBack);
-    return 0;
-}
-
-int kv_get_mtu(const char* ifName, std::uint32_t* mtu)
-{
-    InterfaceRequest request(ifName);
-    if (!request.isOpen()) {
-        std::perror("socket");
-        return -1;
-    }
-    int value = 0;
-    if (!request.getMtu(value))
-        return -1;
-    *mtu = static_cast<std::uint32_t>(value);
-    return 0;
 }

@@ -1,10 +1,9 @@
-#include "CommandExecution.hpp"
+#include "system/CommandExecution.hpp"
 
-#include "Failure.hpp"
+#include "reporting/Failure.hpp"
 
 #include <OW_CIMException.hpp>
 
-#include <dhcp_ip_info.h>
 #include <kv_runcommand.h>
 
 #include <cstring>
@@ -81,14 +80,6 @@ int runCommand(const String& command, String& output)
     return status;
 }
 
-void runUnderLanSemaphore(const String& command)
-{
-    String ignored;
-    dhcpIpInfoRequestDHCPLANSemaphore();
-    runCommand(command, ignored);
-    dhcpIpInfoReleaseDHCPLANSemaphore();
-}
-
 bool checkInjection(const String& command)
 {
     return std::strpbrk(command.c_str(), ";()") == nullptr;
@@ -101,14 +92,4 @@ String invokeCommand(const String& command)
         reporting::fail({"ORX_LANEndpointAPI.cpp", __LINE__}, CIMException::METHOD_NOT_AVAILABLE,
                         String("Failed to execute the command: ") + command);
     return String((concatenated(lines.errors) + joined(lines.output)).c_str());
-}
-
-void startVoiceMail()
-{
-    invokeCommand("/kv/bin/processcontrol start voicemail");
-}
-
-void stopVoiceMail()
-{
-    invokeCommand("/kv/bin/processcontrol stop voicemail");
 }

@@ -1,4 +1,4 @@
-#include "OperationGuard.hpp"
+#include "reporting/OperationGuard.hpp"
 #include "Environment.hpp"
 
 #include <gtest/gtest.h>

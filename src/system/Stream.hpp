@@ -1,5 +1,5 @@
-#ifndef KV_CONFIG_STREAM_HPP
-#define KV_CONFIG_STREAM_HPP
+#ifndef KV_SYSTEM_STREAM_HPP
+#define KV_SYSTEM_STREAM_HPP
 
 #include <cstdio>
 #include <memory>

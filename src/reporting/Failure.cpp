@@ -1,4 +1,4 @@
-#include "Failure.hpp"
+#include "reporting/Failure.hpp"
 
 namespace reporting
 {

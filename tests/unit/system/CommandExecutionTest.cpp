@@ -1,6 +1,8 @@
-#include "CommandExecution.hpp"
+#include "system/CommandExecution.hpp"
 #include "Environment.hpp"
 #include "Failures.hpp"
+#include "system/LanSemaphore.hpp"
+#include "system/VoiceMessaging.hpp"
 
 #include <OW_String.hpp>
 

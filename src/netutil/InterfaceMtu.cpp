@@ -1,0 +1,35 @@
+#include "netutil/InterfaceMtu.hpp"
+
+#include "netutil/InterfaceRequest.hpp"
+
+#include <cstdio>
+
+int kv_set_mtu(const char* ifName, std::uint32_t mtu)
+{
+    InterfaceRequest request(ifName);
+    if (!request.isOpen()) {
+        std::perror("socket");
+        return -1;
+    }
+    if (!request.setMtu(static_cast<int>(mtu)))
+        return -1;
+    // Intended: the MTU is read back although nothing looks at it. A change is this sequence of kernel
+    // requests.
+    std::uint32_t readBack = 0;
+    kv_get_mtu(ifName, &readBack);
+    return 0;
+}
+
+int kv_get_mtu(const char* ifName, std::uint32_t* mtu)
+{
+    InterfaceRequest request(ifName);
+    if (!request.isOpen()) {
+        std::perror("socket");
+        return -1;
+    }
+    int value = 0;
+    if (!request.getMtu(value))
+        return -1;
+    *mtu = static_cast<std::uint32_t>(value);
+    return 0;
+}
