@@ -1,7 +1,5 @@
 #include "CimXmlMessage.hpp"
 
-#include "XmlText.hpp"
-
 #include <cstring>
 
 namespace cimom
@@ -13,47 +11,45 @@ const unsigned badRequest = 400;
 const unsigned notImplemented = 501;
 
 // Any 2.x: what is used here has been the same since 2.0.
-void checkVersion(const pugi::xml_node& element, const char* attribute, const char* cimError)
+void checkVersion(const XmlElement& element, const char* attribute, const char* cimError)
 {
-    const pugi::xml_attribute version = element.attribute(attribute);
-    if (!version) {
+    if (!element.hasAttribute(attribute)) {
         throw RequestRefused(badRequest, "request-not-loosely-valid");
     }
-    if (std::strncmp(version.value(), "2.", 2) != 0) {
+    if (std::strncmp(element.attribute(attribute), "2.", 2) != 0) {
         throw RequestRefused(notImplemented, cimError);
+    }
+}
+
+XmlElement parse(const std::string& body)
+{
+    try {
+        return parseXml(body);
+    } catch (const XmlError&) {
+        throw RequestRefused(badRequest, "request-not-well-formed");
     }
 }
 
 } // namespace
 
-CimXmlMessage::CimXmlMessage(std::string& body)
+CimXmlMessage::CimXmlMessage(const std::string& body) : m_document(parse(body))
 {
-    // Blanks of a value that is nothing but blanks count. Entities of a DOCTYPE are never expanded.
-    const unsigned options = pugi::parse_escapes | pugi::parse_cdata | pugi::parse_ws_pcdata_single;
-    if (!isUtf8(body) ||
-        !m_document.load_buffer_inplace(body.data(), body.size(), options, pugi::encoding_utf8)) {
-        throw RequestRefused(badRequest, "request-not-well-formed");
-    }
-    const pugi::xml_node cim = m_document.child("CIM");
-    const pugi::xml_node message = cim.child("MESSAGE");
-    if (!message) {
+    const XmlElement& message = m_document.child("MESSAGE");
+    if (m_document.name != "CIM" || !message) {
         throw RequestRefused(badRequest, "request-not-loosely-valid");
     }
-    checkVersion(cim, "CIMVERSION", "unsupported-cim-version");
-    checkVersion(cim, "DTDVERSION", "unsupported-dtd-version");
+    checkVersion(m_document, "CIMVERSION", "unsupported-cim-version");
+    checkVersion(m_document, "DTDVERSION", "unsupported-dtd-version");
     if (message.child("MULTIREQ")) {
         throw RequestRefused(notImplemented, "multiple-requests-unsupported");
     }
-    const pugi::xml_node request = message.child("SIMPLEREQ");
-    m_call = request.child("IMETHODCALL");
-    m_isIntrinsic = !m_call.empty();
-    if (!m_isIntrinsic) {
-        m_call = request.child("METHODCALL");
-    }
-    if (!m_call.attribute("NAME") || !message.attribute("ID")) {
+    const XmlElement& request = message.child("SIMPLEREQ");
+    m_isIntrinsic = bool(request.child("IMETHODCALL"));
+    m_call = &request.child(m_isIntrinsic ? "IMETHODCALL" : "METHODCALL");
+    if (!m_call->hasAttribute("NAME") || !message.hasAttribute("ID")) {
         throw RequestRefused(badRequest, "request-not-loosely-valid");
     }
-    m_id = message.attribute("ID").value();
+    m_id = message.attribute("ID");
 }
 
 } // namespace cimom

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <pugixml.hpp>
+#include "XmlElement.hpp"
+
 #include <stdexcept>
 #include <string>
 
@@ -23,20 +24,22 @@ class RequestRefused : public std::runtime_error
 class CimXmlMessage
 {
   public:
-    // Parses in place: the body is altered and must outlive the message. Throws RequestRefused.
-    explicit CimXmlMessage(std::string& body);
+    // Throws RequestRefused.
+    explicit CimXmlMessage(const std::string& body);
+    CimXmlMessage(const CimXmlMessage&) = delete;
+    CimXmlMessage& operator=(const CimXmlMessage&) = delete;
 
     const char* id() const { return m_id; }
     bool isIntrinsic() const { return m_isIntrinsic; }
     // <IMETHODCALL> or <METHODCALL>, which has a NAME.
-    pugi::xml_node call() const { return m_call; }
-    const char* name() const { return m_call.attribute("NAME").value(); }
+    const XmlElement& call() const { return *m_call; }
+    const char* name() const { return m_call->attribute("NAME"); }
 
   private:
-    pugi::xml_document m_document;
+    XmlElement m_document;
     const char* m_id = "";
     bool m_isIntrinsic = false;
-    pugi::xml_node m_call;
+    const XmlElement* m_call = nullptr;
 };
 
 } // namespace cimom

@@ -20,20 +20,6 @@ namespace
     throw CIMException("CimXmlReader.cpp", __LINE__, CIMException::INVALID_PARAMETER, message.c_str());
 }
 
-// All text and CDATA directly in an element.
-String textOf(const pugi::xml_node& element)
-{
-    const pugi::xml_node first = element.first_child();
-    if (!first.next_sibling()) {
-        return String(first.value());
-    }
-    String text("");
-    for (const pugi::xml_node& child : element.children()) {
-        text += child.value(); // an element has none
-    }
-    return text;
-}
-
 // An empty boolean is null; the other types have a meaning for the empty text.
 CIMValue simpleValue(const String& type, const String& text)
 {
@@ -47,15 +33,15 @@ CIMValue simpleValue(const String& type, const String& text)
     }
 }
 
-CIMValue arrayValue(const pugi::xml_node& array, const String& type)
+CIMValue arrayValue(const XmlElement& array, const String& type)
 {
     CIMDataType arrayType = CIMDataType::getDataType(type);
     if (!arrayType.setToArrayType(-1)) {
         return CIMValue(CIMNULL);
     }
     StringArray texts;
-    for (const pugi::xml_node& element : array.children("VALUE")) {
-        const String text = textOf(element);
+    for (const XmlElement& element : array.childrenNamed("VALUE")) {
+        const String text(element.text.c_str());
         simpleValue(type, text); // refuses what does not fit
         texts.push_back(text);
     }
@@ -76,32 +62,32 @@ CIMValue numericKey(const String& text)
     }
 }
 
-CIMValue keyValue(const pugi::xml_node& binding)
+CIMValue keyValue(const XmlElement& binding)
 {
-    const pugi::xml_node value = binding.child("KEYVALUE");
+    const XmlElement& value = binding.child("KEYVALUE");
     if (!value) {
         refuse("A KEYBINDING needs a KEYVALUE");
     }
-    const String text = textOf(value);
-    const char* type = value.attribute("VALUETYPE").value();
+    const String text(value.text.c_str());
+    const char* type = value.attribute("VALUETYPE");
     if (strcasecmp(type, "numeric") == 0) {
         return numericKey(text);
     }
     return strcasecmp(type, "boolean") == 0 ? simpleValue("boolean", text) : CIMValue(text);
 }
 
-bool isProperty(const pugi::xml_node& element)
+bool isProperty(const XmlElement& element)
 {
-    return std::strcmp(element.name(), "PROPERTY") == 0 || std::strcmp(element.name(), "PROPERTY.ARRAY") == 0;
+    return element.name == "PROPERTY" || element.name == "PROPERTY.ARRAY";
 }
 
-CIMProperty readProperty(const pugi::xml_node& element)
+CIMProperty readProperty(const XmlElement& element)
 {
-    const String type = element.attribute("TYPE").value();
+    const String type = element.attribute("TYPE");
     if (type.empty()) {
         refuse("property has null data type");
     }
-    CIMProperty property(CIMName(element.attribute("NAME").value()), CIMDataType::getDataType(type));
+    CIMProperty property(CIMName(element.attribute("NAME")), CIMDataType::getDataType(type));
     const CIMValue value = readValue(element, type);
     if (value) {
         property.setDataType(value.getCIMDataType()).setValue(value);
@@ -111,12 +97,12 @@ CIMProperty readProperty(const pugi::xml_node& element)
 
 } // namespace
 
-String readNameSpace(const pugi::xml_node& parent)
+String readNameSpace(const XmlElement& parent)
 {
     String nameSpace("");
-    for (const pugi::xml_node& part : parent.child("LOCALNAMESPACEPATH").children("NAMESPACE")) {
+    for (const XmlElement& part : parent.child("LOCALNAMESPACEPATH").childrenNamed("NAMESPACE")) {
         nameSpace += nameSpace.empty() ? "" : "/";
-        nameSpace += part.attribute("NAME").value();
+        nameSpace += part.attribute("NAME");
     }
     if (nameSpace.empty()) {
         refuse("A LOCALNAMESPACEPATH with a NAMESPACE is needed");
@@ -124,92 +110,92 @@ String readNameSpace(const pugi::xml_node& parent)
     return nameSpace;
 }
 
-CIMObjectPath readInstanceName(const pugi::xml_node& instanceName)
+CIMObjectPath readInstanceName(const XmlElement& instanceName)
 {
     CIMPropertyArray keys;
-    for (const pugi::xml_node& binding : instanceName.children("KEYBINDING")) {
-        CIMProperty key(CIMName(binding.attribute("NAME").value()), CIMDataType(CIMDataType::STRING));
+    for (const XmlElement& binding : instanceName.childrenNamed("KEYBINDING")) {
+        CIMProperty key(CIMName(binding.attribute("NAME")), CIMDataType(CIMDataType::STRING));
         const CIMValue value = keyValue(binding);
         if (value) {
             key.setDataType(value.getCIMDataType()).setValue(value);
         }
         keys.push_back(key);
     }
-    if (const pugi::xml_node nameless = instanceName.child("KEYVALUE")) {
+    if (const XmlElement& nameless = instanceName.child("KEYVALUE")) {
         keys.push_back(
-            CIMProperty(CIMName(""), CIMValue(textOf(nameless)))); // no class has a key of this name
+            CIMProperty(CIMName(""), CIMValue(nameless.text.c_str()))); // no class has a key of this name
     }
-    return CIMObjectPath(CIMName(instanceName.attribute("CLASSNAME").value()), keys);
+    return CIMObjectPath(CIMName(instanceName.attribute("CLASSNAME")), keys);
 }
 
-CIMInstance readInstance(const pugi::xml_node& instance)
+CIMInstance readInstance(const XmlElement& instance)
 {
     CIMPropertyArray properties;
-    for (const pugi::xml_node& element : instance.children()) {
+    for (const XmlElement& element : instance.children) {
         if (isProperty(element)) {
             properties.push_back(readProperty(element));
         }
     }
-    CIMInstance result(instance.attribute("CLASSNAME").value());
-    for (const pugi::xml_node& element : instance.children("QUALIFIER")) {
-        result.setQualifier(CIMQualifier(element.attribute("NAME").value()));
+    CIMInstance result(instance.attribute("CLASSNAME"));
+    for (const XmlElement& element : instance.childrenNamed("QUALIFIER")) {
+        result.setQualifier(CIMQualifier(element.attribute("NAME")));
     }
     return result.setProperties(properties);
 }
 
-CIMValue readValue(const pugi::xml_node& parent, const String& type)
+CIMValue readValue(const XmlElement& parent, const String& type)
 {
-    if (const pugi::xml_node value = parent.child("VALUE")) {
-        return simpleValue(type, textOf(value));
+    if (const XmlElement& value = parent.child("VALUE")) {
+        return simpleValue(type, value.text.c_str());
     }
-    const pugi::xml_node array = parent.child("VALUE.ARRAY");
+    const XmlElement& array = parent.child("VALUE.ARRAY");
     return array ? arrayValue(array, type) : CIMValue(CIMNULL);
 }
 
-CIMParamValueArray readMethodParameters(const pugi::xml_node& call)
+CIMParamValueArray readMethodParameters(const XmlElement& call)
 {
     CIMParamValueArray parameters;
-    for (const pugi::xml_node& element : call.children("PARAMVALUE")) {
-        const pugi::xml_attribute type = element.attribute("PARAMTYPE");
-        const CIMValue value = readValue(element, type ? type.value() : "string");
-        parameters.push_back(CIMParamValue(CIMName(element.attribute("NAME").value()), value));
+    for (const XmlElement& element : call.childrenNamed("PARAMVALUE")) {
+        const char* type = element.hasAttribute("PARAMTYPE") ? element.attribute("PARAMTYPE") : "string";
+        const CIMValue value = readValue(element, type);
+        parameters.push_back(CIMParamValue(CIMName(element.attribute("NAME")), value));
     }
     return parameters;
 }
 
-IntrinsicParameters::IntrinsicParameters(const pugi::xml_node& call, std::initializer_list<const char*> names)
+IntrinsicParameters::IntrinsicParameters(const XmlElement& call, std::initializer_list<const char*> names)
 {
-    for (const pugi::xml_node& element : call.children("IPARAMVALUE")) {
-        const char* given = element.attribute("NAME").value();
+    for (const XmlElement& element : call.childrenNamed("IPARAMVALUE")) {
+        const char* given = element.attribute("NAME");
         const auto known = std::find_if(names.begin(), names.end(),
                                         [given](const char* name) { return strcasecmp(name, given) == 0; });
         if (known == names.end()) {
             refuse(String("Parameter ") + given + " is not a valid parameter");
         }
-        m_parameters.emplace_back(*known, element);
+        m_parameters.emplace_back(*known, &element);
     }
 }
 
-pugi::xml_node IntrinsicParameters::find(const char* name) const
+const XmlElement& IntrinsicParameters::find(const char* name) const
 {
     const auto found =
         std::find_if(m_parameters.rbegin(), m_parameters.rend(),
                      [name](const auto& parameter) { return std::strcmp(parameter.first, name) == 0; });
-    return found != m_parameters.rend() ? found->second : pugi::xml_node();
+    return found != m_parameters.rend() ? *found->second : XmlElement::none;
 }
 
-pugi::xml_node IntrinsicParameters::require(const char* name) const
+const XmlElement& IntrinsicParameters::require(const char* name) const
 {
-    const pugi::xml_node parameter = find(name);
+    const XmlElement& parameter = find(name);
     if (!parameter) {
         refuse(String("Non-optional parameter ") + name + " was not given");
     }
     return parameter;
 }
 
-pugi::xml_node IntrinsicParameters::requireElement(const char* name, const char* element) const
+const XmlElement& IntrinsicParameters::requireElement(const char* name, const char* element) const
 {
-    const pugi::xml_node found = require(name).child(element);
+    const XmlElement& found = require(name).child(element);
     if (!found) {
         refuse(String("Parameter ") + name + " is the wrong type.  Expected <" + element + "> tag.");
     }
@@ -224,7 +210,7 @@ String IntrinsicParameters::className(const char* name) const
 
 String IntrinsicParameters::optionalClassName(const char* name) const
 {
-    return String(find(name).child("CLASSNAME").attribute("NAME").value());
+    return String(find(name).child("CLASSNAME").attribute("NAME"));
 }
 
 CIMObjectPath IntrinsicParameters::instanceName(const char* name) const
@@ -240,7 +226,7 @@ CIMInstance IntrinsicParameters::instance(const char* name) const
 // Its name is not looked at: class and keys are those of the instance.
 CIMInstance IntrinsicParameters::namedInstance(const char* name) const
 {
-    const pugi::xml_node named = requireElement(name, "VALUE.NAMEDINSTANCE");
+    const XmlElement& named = requireElement(name, "VALUE.NAMEDINSTANCE");
     if (!named.child("INSTANCENAME") || !named.child("INSTANCE")) {
         refuse("A VALUE.NAMEDINSTANCE needs an INSTANCENAME and an INSTANCE");
     }
@@ -249,7 +235,7 @@ CIMInstance IntrinsicParameters::namedInstance(const char* name) const
 
 String IntrinsicParameters::text(const char* name) const
 {
-    return textOf(requireElement(name, "VALUE"));
+    return String(requireElement(name, "VALUE").text.c_str());
 }
 
 CIMValue IntrinsicParameters::optionalValue(const char* name) const
@@ -259,12 +245,12 @@ CIMValue IntrinsicParameters::optionalValue(const char* name) const
 
 bool IntrinsicParameters::flag(const char* name, bool whenAbsent) const
 {
-    const pugi::xml_node value = find(name).child("VALUE");
+    const XmlElement& value = find(name).child("VALUE");
     if (!value) {
         return whenAbsent;
     }
     try {
-        return textOf(value).toBool();
+        return String(value.text.c_str()).toBool();
     } catch (const StringConversionException& e) {
         refuse(e.getMessage());
     }
@@ -272,13 +258,13 @@ bool IntrinsicParameters::flag(const char* name, bool whenAbsent) const
 
 std::optional<StringArray> IntrinsicParameters::nameList(const char* name) const
 {
-    const pugi::xml_node array = find(name).child("VALUE.ARRAY");
+    const XmlElement& array = find(name).child("VALUE.ARRAY");
     if (!array) {
         return std::nullopt;
     }
     StringArray names;
-    for (const pugi::xml_node& element : array.children("VALUE")) {
-        names.push_back(textOf(element));
+    for (const XmlElement& element : array.childrenNamed("VALUE")) {
+        names.push_back(element.text.c_str());
     }
     return names;
 }

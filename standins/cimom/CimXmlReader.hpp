@@ -1,5 +1,7 @@
 #pragma once
 
+#include "XmlElement.hpp"
+
 #include "OW_CIMInstance.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMParamValue.hpp"
@@ -7,7 +9,6 @@
 
 #include <initializer_list>
 #include <optional>
-#include <pugixml.hpp>
 #include <utility>
 #include <vector>
 
@@ -18,28 +19,29 @@ namespace cimom
 // DSP0201 has it, with OpenWBEM's words where it has any.
 
 // The namespace of <LOCALNAMESPACEPATH> in the parent, its parts joined by slashes.
-OpenWBEM::String readNameSpace(const pugi::xml_node& parent);
+OpenWBEM::String readNameSpace(const XmlElement& parent);
 
 // <INSTANCENAME>: keys as they come, to be cast to the types of the class. CIMException FAILED for a numeric
 // key that is no number.
-OpenWBEM::CIMObjectPath readInstanceName(const pugi::xml_node& instanceName);
+OpenWBEM::CIMObjectPath readInstanceName(const XmlElement& instanceName);
 
 // <INSTANCE>: the properties in the client's order with values of the types that the client names. Of its
 // qualifiers only the names: the values are the class's.
-OpenWBEM::CIMInstance readInstance(const pugi::xml_node& instance);
+OpenWBEM::CIMInstance readInstance(const XmlElement& instance);
 
 // The <VALUE> or <VALUE.ARRAY> in the parent, of the named type; null when there is none or no such type.
-OpenWBEM::CIMValue readValue(const pugi::xml_node& parent, const OpenWBEM::String& type);
+OpenWBEM::CIMValue readValue(const XmlElement& parent, const OpenWBEM::String& type);
 
 // <PARAMVALUE>s of a method call. Without PARAMTYPE a value is a string.
-OpenWBEM::CIMParamValueArray readMethodParameters(const pugi::xml_node& call);
+OpenWBEM::CIMParamValueArray readMethodParameters(const XmlElement& call);
 
-// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case; of one given twice the last counts.
+// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case; of one given twice the last counts. The
+// call must outlive it.
 class IntrinsicParameters
 {
   public:
     // Refuses parameters that are not among the names.
-    IntrinsicParameters(const pugi::xml_node& call, std::initializer_list<const char*> names);
+    IntrinsicParameters(const XmlElement& call, std::initializer_list<const char*> names);
 
     // "" when the parameter is there without a class name; absent when it is not there.
     OpenWBEM::String className(const char* name) const;
@@ -54,11 +56,11 @@ class IntrinsicParameters
     std::optional<OpenWBEM::StringArray> nameList(const char* name) const;
 
   private:
-    pugi::xml_node find(const char* name) const; // empty when absent
-    pugi::xml_node require(const char* name) const;
-    pugi::xml_node requireElement(const char* name, const char* element) const;
+    const XmlElement& find(const char* name) const; // empty when absent
+    const XmlElement& require(const char* name) const;
+    const XmlElement& requireElement(const char* name, const char* element) const;
 
-    std::vector<std::pair<const char*, pugi::xml_node>> m_parameters;
+    std::vector<std::pair<const char*, const XmlElement*>> m_parameters;
 };
 
 } // namespace cimom

@@ -30,7 +30,7 @@ struct HttpAnswer {
 class HttpServer
 {
   public:
-    using Handler = std::function<HttpAnswer(std::string& body)>; // may alter the body; must not throw
+    using Handler = std::function<HttpAnswer(const std::string& body)>; // must not throw
     using Log = std::function<void(const std::string& line)>;     // what the HTTP library complains about
 
     // Listens from here on. Throws std::runtime_error naming address and port when that is not possible.

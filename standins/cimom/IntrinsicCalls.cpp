@@ -61,9 +61,9 @@ const IntrinsicCalls::Method IntrinsicCalls::methods[] = {
     {"EnumerateQualifiers", &IntrinsicCalls::enumerateQualifiers, true},
 };
 
-void IntrinsicCalls::perform(const pugi::xml_node& call, std::string& xml)
+void IntrinsicCalls::perform(const XmlElement& call, std::string& xml)
 {
-    const char* name = call.attribute("NAME").value();
+    const char* name = call.attribute("NAME");
     const auto* method =
         std::find_if(std::begin(methods), std::end(methods),
                      [name](const Method& candidate) { return strcasecmp(candidate.name, name) == 0; });
@@ -76,7 +76,7 @@ void IntrinsicCalls::perform(const pugi::xml_node& call, std::string& xml)
     xml.append(method->returnsValue ? "</IRETURNVALUE>" : "");
 }
 
-void IntrinsicCalls::getInstance(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::getInstance(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(
         call, {"InstanceName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
@@ -86,7 +86,7 @@ void IntrinsicCalls::getInstance(const pugi::xml_node& call, const String& nameS
                    m_operations.getInstance(nameSpace, parameters.instanceName("InstanceName"), options));
 }
 
-void IntrinsicCalls::enumerateInstances(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::enumerateInstances(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"ClassName", "LocalOnly", "DeepInheritance",
                                                 "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
@@ -99,7 +99,7 @@ void IntrinsicCalls::enumerateInstances(const pugi::xml_node& call, const String
                                     });
 }
 
-void IntrinsicCalls::enumerateInstanceNames(const pugi::xml_node& call, const String& nameSpace,
+void IntrinsicCalls::enumerateInstanceNames(const XmlElement& call, const String& nameSpace,
                                             std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"ClassName"});
@@ -107,7 +107,7 @@ void IntrinsicCalls::enumerateInstanceNames(const pugi::xml_node& call, const St
                                         [&xml](const CIMObjectPath& name) { appendInstanceName(xml, name); });
 }
 
-void IntrinsicCalls::modifyInstance(const pugi::xml_node& call, const String& nameSpace, std::string&)
+void IntrinsicCalls::modifyInstance(const XmlElement& call, const String& nameSpace, std::string&)
 {
     const IntrinsicParameters parameters(call, {"ModifiedInstance", "IncludeQualifiers", "PropertyList"});
     const NameList propertyList = parameters.nameList("PropertyList");
@@ -115,33 +115,33 @@ void IntrinsicCalls::modifyInstance(const pugi::xml_node& call, const String& na
                                 parameters.flag("IncludeQualifiers", true), pointerTo(propertyList));
 }
 
-void IntrinsicCalls::createInstance(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::createInstance(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"NewInstance"});
     appendInstanceName(xml, m_operations.createInstance(nameSpace, parameters.instance("NewInstance")));
 }
 
-void IntrinsicCalls::deleteInstance(const pugi::xml_node& call, const String& nameSpace, std::string&)
+void IntrinsicCalls::deleteInstance(const XmlElement& call, const String& nameSpace, std::string&)
 {
     const IntrinsicParameters parameters(call, {"InstanceName"});
     m_operations.deleteInstance(nameSpace, parameters.instanceName("InstanceName"));
 }
 
-void IntrinsicCalls::getProperty(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::getProperty(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"InstanceName", "PropertyName"});
     const CIMObjectPath name = parameters.instanceName("InstanceName");
     appendValue(xml, m_operations.getProperty(nameSpace, name, parameters.text("PropertyName")));
 }
 
-void IntrinsicCalls::setProperty(const pugi::xml_node& call, const String& nameSpace, std::string&)
+void IntrinsicCalls::setProperty(const XmlElement& call, const String& nameSpace, std::string&)
 {
     const IntrinsicParameters parameters(call, {"InstanceName", "PropertyName", "NewValue"});
     m_operations.setProperty(nameSpace, parameters.instanceName("InstanceName"),
                              parameters.text("PropertyName"), parameters.optionalValue("NewValue"));
 }
 
-void IntrinsicCalls::getClass(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::getClass(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(
         call, {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"});
@@ -157,7 +157,7 @@ void IntrinsicCalls::getClass(const pugi::xml_node& call, const String& nameSpac
     appendClass(xml, cimClass, view);
 }
 
-void IntrinsicCalls::enumerateClasses(const pugi::xml_node& call, const String& nameSpace, std::string& xml)
+void IntrinsicCalls::enumerateClasses(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(
         call, {"ClassName", "DeepInheritance", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin"});
@@ -168,7 +168,7 @@ void IntrinsicCalls::enumerateClasses(const pugi::xml_node& call, const String& 
     }
 }
 
-void IntrinsicCalls::enumerateClassNames(const pugi::xml_node& call, const String& nameSpace,
+void IntrinsicCalls::enumerateClassNames(const XmlElement& call, const String& nameSpace,
                                          std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"ClassName", "DeepInheritance"});
@@ -178,7 +178,7 @@ void IntrinsicCalls::enumerateClassNames(const pugi::xml_node& call, const Strin
     }
 }
 
-void IntrinsicCalls::enumerateQualifiers(const pugi::xml_node& call, const String& nameSpace,
+void IntrinsicCalls::enumerateQualifiers(const XmlElement& call, const String& nameSpace,
                                          std::string& xml)
 {
     const IntrinsicParameters parameters(call, {});

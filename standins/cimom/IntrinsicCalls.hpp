@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Operations.hpp"
+#include "XmlElement.hpp"
 
-#include <pugixml.hpp>
 #include <string>
 
 namespace cimom
@@ -20,10 +20,10 @@ class IntrinsicCalls
 
     // Appends the content of the call's IMETHODRESPONSE. Throws CIMException NOT_SUPPORTED for another
     // method, what reading parameters throws, and what the operation throws; the string may then have grown.
-    void perform(const pugi::xml_node& call, std::string& xml);
+    void perform(const XmlElement& call, std::string& xml);
 
   private:
-    using Perform = void (IntrinsicCalls::*)(const pugi::xml_node& call, const OpenWBEM::String& nameSpace,
+    using Perform = void (IntrinsicCalls::*)(const XmlElement& call, const OpenWBEM::String& nameSpace,
                                              std::string& xml);
     struct Method {
         const char* name;
@@ -32,19 +32,19 @@ class IntrinsicCalls
     };
     static const Method methods[];
 
-    void getInstance(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateInstances(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateInstanceNames(const pugi::xml_node& call, const OpenWBEM::String& nameSpace,
+    void getInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void enumerateInstances(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void enumerateInstanceNames(const XmlElement& call, const OpenWBEM::String& nameSpace,
                                 std::string& xml);
-    void modifyInstance(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void createInstance(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void deleteInstance(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void getProperty(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void setProperty(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void getClass(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateClasses(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateClassNames(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateQualifiers(const pugi::xml_node& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void modifyInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void createInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void deleteInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void getProperty(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void setProperty(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void getClass(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void enumerateClasses(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void enumerateClassNames(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
+    void enumerateQualifiers(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     OpenWBEM::CIMClassArray subclasses(const OpenWBEM::String& nameSpace, const OpenWBEM::String& className,
                                        bool deep) const;
 

@@ -64,7 +64,7 @@ ObjectManager::ObjectManager(const ObjectManagerOptions& options,
     }
 }
 
-HttpAnswer ObjectManager::answer(std::string& request)
+HttpAnswer ObjectManager::answer(const std::string& request)
 {
     const std::lock_guard<std::mutex> lock(m_oneAtATime);
     HttpAnswer answer;
@@ -101,8 +101,8 @@ void ObjectManager::performCall(const CimXmlMessage& message, std::string& xml)
 
 void ObjectManager::performMethod(const CimXmlMessage& message, std::string& xml)
 {
-    const pugi::xml_node instancePath = message.call().child("LOCALINSTANCEPATH");
-    const pugi::xml_node classPath = message.call().child("LOCALCLASSPATH");
+    const XmlElement& instancePath = message.call().child("LOCALINSTANCEPATH");
+    const XmlElement& classPath = message.call().child("LOCALCLASSPATH");
     if (!instancePath && !classPath) {
         throw CIMException("ObjectManager.cpp", __LINE__, CIMException::INVALID_PARAMETER,
                            "A LOCALINSTANCEPATH or LOCALCLASSPATH is needed");
@@ -110,7 +110,7 @@ void ObjectManager::performMethod(const CimXmlMessage& message, std::string& xml
     const String nameSpace = readNameSpace(instancePath ? instancePath : classPath);
     const CIMObjectPath path = instancePath
                                    ? readInstanceName(instancePath.child("INSTANCENAME"))
-                                   : CIMObjectPath(classPath.child("CLASSNAME").attribute("NAME").value());
+                                   : CIMObjectPath(classPath.child("CLASSNAME").attribute("NAME"));
     const Operations::MethodResult result = m_operations.invokeMethod(
         nameSpace, path, bool(instancePath), message.name(), readMethodParameters(message.call()));
     appendReturnValue(xml, result.returnValue);

@@ -40,8 +40,8 @@ class ObjectManager
     ObjectManager(const ObjectManagerOptions& options,
                   const OpenWBEM::ProviderEnvironmentIFCRef& environment);
 
-    // Answers a CIM-XML request, which may get altered. Throws nothing but std::bad_alloc.
-    HttpAnswer answer(std::string& request);
+    // Answers a CIM-XML request. Throws nothing but std::bad_alloc.
+    HttpAnswer answer(const std::string& request);
 
     // For callers in the same process.
     Operations& operations() { return m_operations; }

@@ -1,5 +1,6 @@
 #include "XmlText.hpp"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace cimom
@@ -37,6 +38,12 @@ std::size_t sequenceLength(std::string_view text)
     return isOverlong || isSurrogate || isBeyondUnicode ? 0 : length;
 }
 
+// U+FFFE and U+FFFF, the two that UTF-8 can write and XML cannot.
+bool isNoCharacter(std::string_view sequence)
+{
+    return sequence == "\xEF\xBF\xBE" || sequence == "\xEF\xBF\xBF";
+}
+
 // The replacement of one ASCII character, or null when it stands for itself.
 const char* escapeOf(char c)
 {
@@ -67,37 +74,21 @@ const char* escapeOf(char c)
 void appendEscaped(std::string& xml, std::string_view text)
 {
     std::size_t plain = 0; // start of what is still to be copied as it is
-    const auto replace = [&](std::size_t at, const char* with) {
+    const auto replace = [&](std::size_t at, std::size_t length, const char* with) {
         xml.append(text, plain, at - plain).append(with);
-        plain = at + 1;
+        plain = at + length;
     };
     for (std::size_t i = 0; i < text.size();) {
-        if (byteAt(text, i) >= 0x80) {
-            const std::size_t length = sequenceLength(text.substr(i));
-            if (length == 0) {
-                replace(i, replacementCharacter);
-            }
-            i += length == 0 ? 1 : length;
-            continue;
+        const std::size_t sequence = sequenceLength(text.substr(i));
+        const std::size_t length = std::max<std::size_t>(sequence, 1);
+        if (sequence == 0 || isNoCharacter(text.substr(i, length))) {
+            replace(i, length, replacementCharacter);
+        } else if (const char* escape = escapeOf(text[i]); escape != nullptr) {
+            replace(i, length, escape);
         }
-        if (const char* escape = escapeOf(text[i]); escape != nullptr) {
-            replace(i, escape);
-        }
-        ++i;
+        i += length;
     }
     xml.append(text, plain);
-}
-
-bool isUtf8(std::string_view text)
-{
-    while (!text.empty()) {
-        const std::size_t length = sequenceLength(text);
-        if (length == 0) {
-            return false;
-        }
-        text.remove_prefix(length);
-    }
-    return true;
 }
 
 } // namespace cimom

@@ -73,7 +73,7 @@ void serve(ObjectManager& objectManager, const Options& options, const OpenWBEM:
 {
     TerminationSignal termination;
     HttpServer server(
-        options.http, [&objectManager](std::string& body) { return objectManager.answer(body); },
+        options.http, [&objectManager](const std::string& body) { return objectManager.answer(body); },
         [&logger](const std::string& line) { logger->logDebug(line.c_str()); });
     std::printf("kv-cimom: listening on %s port %u\n", options.http.address.c_str(), unsigned{server.port()});
     std::fflush(stdout);

@@ -12,7 +12,7 @@ namespace
 {
 
 // Answers every request with its own body; a body "refuse" is refused.
-HttpAnswer echo(std::string& body)
+HttpAnswer echo(const std::string& body)
 {
     HttpAnswer answer;
     if (body == "refuse") {

@@ -14,7 +14,7 @@ namespace
 class Answers : public ::testing::Test
 {
   protected:
-    HttpAnswer answer(std::string request) { return manager->answer(request); }
+    HttpAnswer answer(const std::string& request) { return manager->answer(request); }
     std::string refusal(const std::string& request)
     {
         const HttpAnswer answered = answer(request);
