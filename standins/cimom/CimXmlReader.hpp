@@ -35,8 +35,8 @@ OpenWBEM::CIMValue readValue(const XmlElement& parent, const OpenWBEM::String& t
 // <PARAMVALUE>s of a method call. Without PARAMTYPE a value is a string.
 OpenWBEM::CIMParamValueArray readMethodParameters(const XmlElement& call);
 
-// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case; of one given twice the last counts. The
-// call must outlive it.
+// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case; of one given twice the last counts.
+// The call must outlive it.
 class IntrinsicParameters
 {
   public:

@@ -31,7 +31,7 @@ class HttpServer
 {
   public:
     using Handler = std::function<HttpAnswer(const std::string& body)>; // must not throw
-    using Log = std::function<void(const std::string& line)>;     // what the HTTP library complains about
+    using Log = std::function<void(const std::string& line)>; // what the HTTP library complains about
 
     // Listens from here on. Throws std::runtime_error naming address and port when that is not possible.
     HttpServer(const HttpOptions& options, Handler handler, Log log);

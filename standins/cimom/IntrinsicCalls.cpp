@@ -99,8 +99,7 @@ void IntrinsicCalls::enumerateInstances(const XmlElement& call, const String& na
                                     });
 }
 
-void IntrinsicCalls::enumerateInstanceNames(const XmlElement& call, const String& nameSpace,
-                                            std::string& xml)
+void IntrinsicCalls::enumerateInstanceNames(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"ClassName"});
     m_operations.enumerateInstanceNames(nameSpace, parameters.className("ClassName"),
@@ -168,8 +167,7 @@ void IntrinsicCalls::enumerateClasses(const XmlElement& call, const String& name
     }
 }
 
-void IntrinsicCalls::enumerateClassNames(const XmlElement& call, const String& nameSpace,
-                                         std::string& xml)
+void IntrinsicCalls::enumerateClassNames(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {"ClassName", "DeepInheritance"});
     for (const CIMClass& cimClass : subclasses(nameSpace, parameters.optionalClassName("ClassName"),
@@ -178,8 +176,7 @@ void IntrinsicCalls::enumerateClassNames(const XmlElement& call, const String& n
     }
 }
 
-void IntrinsicCalls::enumerateQualifiers(const XmlElement& call, const String& nameSpace,
-                                         std::string& xml)
+void IntrinsicCalls::enumerateQualifiers(const XmlElement& call, const String& nameSpace, std::string& xml)
 {
     const IntrinsicParameters parameters(call, {});
     for (const QualifierDeclaration& declaration : m_repository.nameSpace(nameSpace).qualifiers()) {

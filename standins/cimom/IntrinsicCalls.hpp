@@ -34,8 +34,7 @@ class IntrinsicCalls
 
     void getInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     void enumerateInstances(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
-    void enumerateInstanceNames(const XmlElement& call, const OpenWBEM::String& nameSpace,
-                                std::string& xml);
+    void enumerateInstanceNames(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     void modifyInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     void createInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     void deleteInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);

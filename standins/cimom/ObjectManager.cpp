@@ -108,9 +108,8 @@ void ObjectManager::performMethod(const CimXmlMessage& message, std::string& xml
                            "A LOCALINSTANCEPATH or LOCALCLASSPATH is needed");
     }
     const String nameSpace = readNameSpace(instancePath ? instancePath : classPath);
-    const CIMObjectPath path = instancePath
-                                   ? readInstanceName(instancePath.child("INSTANCENAME"))
-                                   : CIMObjectPath(classPath.child("CLASSNAME").attribute("NAME"));
+    const CIMObjectPath path = instancePath ? readInstanceName(instancePath.child("INSTANCENAME"))
+                                            : CIMObjectPath(classPath.child("CLASSNAME").attribute("NAME"));
     const Operations::MethodResult result = m_operations.invokeMethod(
         nameSpace, path, bool(instancePath), message.name(), readMethodParameters(message.call()));
     appendReturnValue(xml, result.returnValue);

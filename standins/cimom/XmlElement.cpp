@@ -65,6 +65,9 @@ Builder::Builder(std::string_view document) : m_document(document), m_parser(XML
 
 XmlElement Builder::build()
 {
+    if (m_document.find('\0') != std::string_view::npos) {
+        throw XmlError("not UTF-8"); // the parser would take it for UTF-16
+    }
     const auto status =
         XML_Parse(m_parser.get(), m_document.data(), static_cast<int>(m_document.size()), XML_TRUE);
     if (m_thrown) {
@@ -145,9 +148,8 @@ const XmlElement XmlElement::none;
 
 const XmlElement& XmlElement::child(std::string_view childName) const
 {
-    const auto found = std::find_if(children.begin(), children.end(), [childName](const XmlElement& child) {
-        return child.name == childName;
-    });
+    const auto found = std::find_if(children.begin(), children.end(),
+                                    [childName](const XmlElement& child) { return child.name == childName; });
     return found != children.end() ? *found : none;
 }
 

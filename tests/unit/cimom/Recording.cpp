@@ -1,10 +1,10 @@
 #include "Recording.hpp"
 
 #include "RecordedExchanges.hpp"
+#include "XmlElement.hpp"
+#include "XmlText.hpp"
 
 #include <algorithm>
-#include <pugixml.hpp>
-#include <sstream>
 
 namespace cimom::test
 {
@@ -28,6 +28,38 @@ std::string errorText(const std::string& code, std::string description)
     std::replace(description.begin(), description.end(), '\n', ' ');
     description.erase(description.find_last_not_of(' ') + 1);
     return "ERROR " + code + ": " + description;
+}
+
+// An element in one form of many; blanks between elements are none of it.
+void append(std::string& xml, const XmlElement& element)
+{
+    xml += "<" + element.name;
+    for (const auto& [name, value] : element.attributes) {
+        xml += " " + name + "=\"";
+        appendEscaped(xml, value);
+        xml += "\"";
+    }
+    xml += ">";
+    if (element.children.empty() || element.text.find_first_not_of(" \t\r\n") != std::string::npos) {
+        appendEscaped(xml, element.text);
+    }
+    for (const XmlElement& child : element.children) {
+        append(xml, child);
+    }
+    xml += "</" + element.name + ">";
+}
+
+std::string meaningOf(const XmlElement& message)
+{
+    for (const XmlElement& response : message.child("MESSAGE").child("SIMPLERSP").children) {
+        const XmlElement& error = response.child("ERROR");
+        if (error && response.children.size() == 1) {
+            return errorText(error.attribute("CODE"), error.attribute("DESCRIPTION"));
+        }
+    }
+    std::string xml;
+    append(xml, message);
+    return xml;
 }
 
 } // namespace
@@ -54,18 +86,11 @@ std::string meaningOf(const HttpReply& reply)
     if (reply.status != 200 && reply.status != 0) {
         return "HTTP " + std::to_string(reply.status);
     }
-    pugi::xml_document document;
-    if (!document.load_buffer(reply.body.data(), reply.body.size(),
-                              pugi::parse_default | pugi::parse_ws_pcdata_single)) {
+    try {
+        return meaningOf(parseXml(reply.body));
+    } catch (const XmlError&) {
         return "malformed: " + reply.body;
     }
-    const pugi::xml_node error = document.select_node("//ERROR").node();
-    if (error && error.parent().first_child() == error.parent().last_child()) {
-        return errorText(error.attribute("CODE").value(), error.attribute("DESCRIPTION").value());
-    }
-    std::ostringstream text;
-    document.print(text, "", pugi::format_raw | pugi::format_no_declaration);
-    return text.str();
 }
 
 } // namespace cimom::test

@@ -30,7 +30,8 @@ std::unique_ptr<ObjectManager> sampleObjectManager()
 TestServer::TestServer(HttpOptions options)
     : m_objectManager(sampleObjectManager()),
       m_server(
-          onFreePort(std::move(options)), [this](const std::string& body) { return m_objectManager->answer(body); },
+          onFreePort(std::move(options)),
+          [this](const std::string& body) { return m_objectManager->answer(body); },
           [](const std::string&) {})
 {
 }
