@@ -2,6 +2,9 @@
 # A lane is a function lane_NAME; what it prints goes to build/logs/NAME.log and is shown only when it fails.
 # shellcheck shell=bash
 
+# shellcheck source=tools/configure.sh
+source tools/configure.sh
+
 jobs=$(nproc)
 logs=build/logs
 results=build/results
@@ -87,7 +90,7 @@ finish() {
 build() {
     local preset=$1
     shift
-    cmake --preset "$preset" && cmake --build "build/$preset" -j "$jobs" "$@"
+    configure "$preset" && cmake --build "build/$preset" -j "$jobs" "$@"
 }
 
 # run_unit_tests PRESET LANE [OPTION...]: the programs registered with CTest, or those that the options of ctest
@@ -119,7 +122,7 @@ lane_style() {
     record_result style rooms $rooms
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
     record_result style clang-format $format
-    cmake --preset clang
+    configure clang
     xargs -d '\n' -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet <<<"$tidied" || tidy=$?
     record_result style clang-tidy $tidy
     ((rooms == 0 && format == 0 && tidy == 0))

@@ -140,6 +140,13 @@ def test_dhcp_is_switched_on_and_off(managed):
     assert "BOOTPROTO=static\n" in file and f"IPADDR={leased}\n" in file
 
 
+def test_dhcp_on_the_oam_lan_keeps_the_default_gateway_for_the_next_change(managed):
+    managed.modify(CLASS, keys_of("eth2"), {"isDhcpEnabled": ("boolean", "true")})
+    managed.wait_for("pgrep -f '^voicemail'")
+    managed.modify(CLASS, ETH1_KEYS, {"IPAddress": ("string", "10.0.0.6")})
+    assert managed.sh("ip route show default").split()[:5] == ["default", "via", "10.0.0.1", "dev", "eth1"]
+
+
 def test_an_echo_of_all_properties_changes_nothing(managed):
     before = managed.get(CLASS, ETH1_KEYS)
     managed.events()

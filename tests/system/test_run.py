@@ -3,6 +3,7 @@ import contextlib
 import fcntl
 import os
 import select
+import shutil
 import signal
 import socket
 import subprocess
@@ -11,7 +12,7 @@ import time
 
 import pytest
 
-from server import CHECKOUT, RUN as SERVER
+from server import CHECKOUT, RUN as SERVER, Server
 
 RUN = str(CHECKOUT / "run")
 
@@ -28,7 +29,8 @@ def free_port():
 
 @pytest.fixture(scope="module")
 def walkthrough():
-    return run(stdin=subprocess.DEVNULL)
+    """In surroundings that do not suit it: a proxy that nobody is behind, and a language that the machine lacks."""
+    return run(stdin=subprocess.DEVNULL, env=dict(os.environ, http_proxy="http://127.0.0.1:9", LANG="tlh_KX"))
 
 
 def test_the_walk_through_ends_by_itself_with_everything_as_expected(walkthrough):
@@ -87,7 +89,7 @@ def read_until(terminal, text, seconds=60.0):
 @contextlib.contextmanager
 def serving(port):
     process = subprocess.Popen([RUN, "serve", "--port", str(port)], stdout=subprocess.PIPE, text=True,
-                               stdin=subprocess.DEVNULL)
+                               stdin=subprocess.DEVNULL, start_new_session=True)
     try:
         yield process
     finally:
@@ -99,18 +101,19 @@ def serving(port):
 def ask(port):
     """What a client on this machine is told."""
     return subprocess.run(["wbemcli", "ein", f"http://127.0.0.1:{port}/root/cimv2:ORX_LANEndpoint"],
-                          capture_output=True, text=True, check=False).stdout
+                          env=dict(os.environ, no_proxy="127.0.0.1"), capture_output=True, text=True, check=False).stdout
 
 
-def test_serving_answers_clients_of_this_machine_until_interrupted():
+@pytest.mark.parametrize("number, status", [(signal.SIGINT, 130), (signal.SIGHUP, 129)])
+def test_serving_answers_clients_of_this_machine_until_the_terminal_ends_it(number, status):
     port = free_port()
     with serving(port) as process:
         line = f"Serving http://127.0.0.1:{port}/root/cimv2 until you press Ctrl-C.\n"
         assert process.stdout.readline().startswith("Building ")
         assert process.stdout.readline() == line
         assert 'Name="eth2"' in ask(port)
-        process.send_signal(signal.SIGINT)
-        assert process.wait(timeout=30) == 130
+        os.killpg(process.pid, number)
+        assert process.wait(timeout=30) == status
     with pytest.raises(ConnectionRefusedError):
         socket.create_connection(("127.0.0.1", port), timeout=5)
 
@@ -136,7 +139,7 @@ def test_a_state_directory_is_named_from_where_the_caller_is(tmp_path):
 def test_help_names_every_form():
     done = run("--help")
     assert done.returncode == 0
-    assert done.stdout.startswith("usage: ./run [--help] | ./run shell | ./run serve [--port N] | ./run bench\n")
+    assert done.stdout.startswith("usage: ./run [tour] | ./run shell | ./run serve [--port N] | ./run bench | ./run --help\n")
 
 
 @pytest.mark.parametrize("arguments", [
@@ -173,6 +176,19 @@ def test_the_object_manager_is_not_started_outside_of_the_server():
     done = subprocess.run([WITH_OBJECT_MANAGER, "true"], capture_output=True, text=True, check=False)
     assert (done.returncode, done.stdout) == (2, "")
     assert done.stderr.startswith("with-object-manager: this is not the disposable server; ")
+
+
+def test_a_checkout_may_lie_in_a_path_with_a_blank(tmp_path):
+    checkout = tmp_path / "a checkout"
+    for part in ("standins/server", "mof"):
+        shutil.copytree(CHECKOUT / part, checkout / part)
+    for made in ("standins/server/libkv_netfilter.so", "standins/cimom/kv-cimom", "src/libLANProvider.so"):
+        link = checkout / "build/dev" / made
+        link.parent.mkdir(parents=True, exist_ok=True)
+        link.symlink_to(CHECKOUT / "build/dev" / made)
+    with Server(run=[checkout / "standins/server/run", checkout / "standins/server/with-object-manager"]) as server:
+        server.sh("wbemcli mi 'pbx/root/cimv2:ORX_LANServiceSetting.InstanceID=\"\"' isBroadcastFilterEnabled=true")
+        assert server.sh("cat $KV_NETFILTER_LOG") == "0x8004AB05 1\n"
 
 
 def test_an_object_manager_that_ends_is_told_with_its_log():

@@ -119,6 +119,16 @@ def test_a_signal_to_the_runner_ends_everything_before_it_returns(run, tmp_path,
     assert os.listdir(tmp_path) == []
 
 
+@pytest.mark.parametrize("number, status", [(signal.SIGINT, 130), (signal.SIGTERM, 143), (signal.SIGHUP, 129)])
+def test_a_signal_that_reaches_the_server_as_well_has_the_same_status(tmp_path, number, status):
+    """As from a terminal, where the server's processes are in the runner's group."""
+    server = subprocess.Popen([RUN, "/bin/bash", "-c", "echo ready; exec sleep 600"], stdout=subprocess.PIPE, text=True,
+                              start_new_session=True)
+    assert server.stdout.readline() == "ready\n"
+    os.killpg(server.pid, number)
+    assert server.wait(timeout=30) == status
+
+
 def test_killing_the_runner_outright_ends_everything(run, tmp_path):
     before = machine_state()
     server = start(run, "setsid sleep 600 & echo ready; sleep 600", tmp_path)
@@ -165,6 +175,14 @@ def test_two_servers_do_not_see_each_other():
 def test_a_server_runs_on_a_server():
     done = subprocess.run([RUN, RUN, "hostname"], stdout=subprocess.PIPE, text=True, check=False)
     assert (done.returncode, done.stdout) == (0, "pbx\n")
+
+
+def test_language_and_proxies_of_the_caller_do_not_reach_the_server():
+    proxies = ("http_proxy", "HTTP_PROXY", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY")
+    environment = {**os.environ, "LC_ALL": "tlh_KX", "LANG": "tlh_KX", **dict.fromkeys(proxies, "http://127.0.0.1:9")}
+    with Server(environment=environment) as server:
+        assert "proxy" not in server.sh("env").lower()
+        assert server.run("bash -c 'ls /nowhere'").err == "ls: cannot access '/nowhere': No such file or directory\n"
 
 
 def test_a_state_directory_of_the_caller_stays(tmp_path):

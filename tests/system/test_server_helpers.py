@@ -63,6 +63,13 @@ def test_update_file_changes_the_gateway(server):
                                                      "GATEWAY=10.0.0.254\n")
 
 
+def test_update_file_keeps_the_gateway_when_none_is_given(server):
+    before = server.read("/etc/sysconfig/network")
+    for command in ("/kv/bin/updateFile gateway ", "/kv/bin/updateFile gateway ''"):
+        assert server.run(command) == (0, "", "")
+        assert server.read("/etc/sysconfig/network") == before
+
+
 def test_update_file_refuses_an_interface_without_file(server):
     result = server.run("/kv/bin/updateFile ifcfg eth7 IPADDR 10.0.0.9")
     assert result == (1, "", "updateFile: no such file: /etc/sysconfig/network-scripts/ifcfg-eth7\n")
