@@ -1,3 +1,4 @@
+#include "lansetting/ResolverFile.hpp"
 #include "Targets.hpp"
 #include "World.hpp"
 #include "lansetting/ORX_LANSetting.hpp"

@@ -57,7 +57,7 @@ void logWritten(unsigned int failures, const MarkingFlow& flow, const Marking& m
 }
 
 // Intended: what a failed read leaves behind, 0 as a rule, is compared with the object like a stored value.
-std::uint16_t readLogged(const char* key, const char* name)
+std::uint16_t readToCompare(const char* key, const char* name)
 {
     std::uint16_t stored = 0;
     if (const unsigned int rc = dscp::readSetting(key, stored); rc != 0)
@@ -69,7 +69,7 @@ std::uint16_t readLogged(const char* key, const char* name)
 
 void storeCustomTosByte(const MarkingFlow& flow, std::uint16_t tosByte)
 {
-    if (readLogged(flow.tosByteKey, flow.tosByteName) == tosByte)
+    if (readToCompare(flow.tosByteKey, flow.tosByteName) == tosByte)
         return;
     if (const unsigned int rc = dscp::writeSetting(flow.tosByteKey, tosByte); rc != 0)
         dscLogFormat(
@@ -84,7 +84,7 @@ void storeCustomTosByte(const MarkingFlow& flow, std::uint16_t tosByte)
 
 void store(const MarkingFlow& flow, const Marking& marking)
 {
-    if (readLogged(flow.menuKey, flow.menuReadName) != marking.menu)
+    if (readToCompare(flow.menuKey, flow.menuReadName) != marking.menu)
         logWritten(writeBoth(flow, marking), flow, marking);
     else if (marking.menu == dscp::customMenu)
         storeCustomTosByte(flow, marking.tosByte);
@@ -109,7 +109,7 @@ void ORX_ALGServiceImpl::storeEnabled()
 {
     // Compared as numbers: a stored 2 is neither true nor false and is replaced.
     const std::uint16_t value = enabled ? 1 : 0;
-    if (readLogged(dscp::enabledKey, "KLonKLEnabled") == value)
+    if (readToCompare(dscp::enabledKey, "KLonKLEnabled") == value)
         return;
     if (const unsigned int rc = dscp::writeSetting(dscp::enabledKey, value); rc != 0)
         dscLogFormat(DscLogError,

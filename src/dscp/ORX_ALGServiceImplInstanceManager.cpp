@@ -30,7 +30,7 @@ void loadEnabled(ORX_ALGService& service)
     service.setKLonKLEnabled(value != 0);
 }
 
-std::uint16_t readLogged(const char* key, const char* name)
+std::uint16_t readAtStart(const char* key, const char* name)
 {
     std::uint16_t value = 0;
     if (const unsigned int rc = dscp::readSetting(key, value); rc != 0) {
@@ -44,11 +44,11 @@ std::uint16_t readLogged(const char* key, const char* name)
 
 std::uint32_t loadMarking(ORX_ALGService& service, const MarkingFlow& flow)
 {
-    const std::uint16_t menu = readLogged(flow.menuKey, flow.menuReadName);
+    const std::uint16_t menu = readAtStart(flow.menuKey, flow.menuReadName);
     (service.*flow.setMenu)(menu);
     if (menu != dscp::customMenu)
         return (service.*flow.setTosByte)(menu);
-    return (service.*flow.setTosByte)(readLogged(flow.tosByteKey, flow.tosByteName));
+    return (service.*flow.setTosByte)(readAtStart(flow.tosByteKey, flow.tosByteName));
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 #include <OW_CIMException.hpp>
 #include <OW_CIMValue.hpp>
 
-#include <algorithm>
 #include <string>
 
 using OpenWBEM::CIMClass;
@@ -100,7 +99,7 @@ void discardService(ORX_ALGService& service)
     }
 }
 
-void checkLength(const dscp::ServiceProperty& property, const CIMValue& value)
+void checkLength(const dscp::ServiceProperties::Row& property, const CIMValue& value)
 {
     // Characters, as the class's MaxLen counts them: a name in Greek letters has twice as many bytes.
     if (property.maxLength == 0 || value.toString().UTF8Length() <= property.maxLength)
@@ -111,19 +110,14 @@ void checkLength(const dscp::ServiceProperty& property, const CIMValue& value)
     fail({unit, __LINE__}, CIMException::INVALID_PARAMETER, withIdentifier(text, identifier.c_str()));
 }
 
-/// Clients may send any property: the ones that cannot be written and null values are passed over.
 void applyProperty(ORX_ALGService& service, const CIMProperty& sent)
 {
-    const String name = sent.getName();
-    const auto property =
-        std::find_if(dscp::serviceProperties.begin(), dscp::serviceProperties.end(),
-                     [&name](const dscp::ServiceProperty& candidate) { return name == candidate.name; });
-    const CIMValue value = sent.getValue();
-    if (property == dscp::serviceProperties.end() || !property->write || !value)
+    const auto* property = dscp::serviceProperties.rowToSet(sent);
+    if (!property)
         return;
-
+    const CIMValue value = sent.getValue();
     checkLength(*property, value);
-    const Status status = property->write(service, value);
+    const Status status = property->set(service, value);
     // "$prop.getName()" is no mistake to mend: clients match this text as it stands.
     if (status == ORX_ALGService::InvalidValue)
         fail({unit, __LINE__}, CIMException::INVALID_PARAMETER,
@@ -261,30 +255,17 @@ void ORX_ALGServiceProvider::modifyInstance(ORX_ALGService& service, const CIMIn
 
 void ORX_ALGServiceProvider::ORX_ALGServiceToCIMInstance(const ORX_ALGService& service, CIMInstance& instance)
 {
-    for (const dscp::ServiceProperty& row : dscp::serviceProperties) {
-        ORX_ALGService::Qualifiers qualifiers;
-        const auto value = row.read(service, qualifiers);
-        if (!value)
-            continue;
-        CIMProperty property(row.name, *value);
-        property.setQualifiers(qualifiers);
-        instance.setProperty(property);
-    }
+    dscp::serviceProperties.fill(instance, service);
 }
 
 CIMObjectPath ORX_ALGServiceProvider::ORX_ALGServiceToCIMObjectPath(const ORX_ALGService& service,
                                                                     const String& className, const String& ns)
 {
-    constexpr std::size_t numberOfKeys = 4; // they come first
+    const auto keys = dscp::serviceProperties.keys(dscp::numberOfServiceKeys, service);
+    if (!keys)
+        fail({unit, __LINE__}, CIMException::NOT_FOUND);
     CIMObjectPath path(className, ns);
-    for (std::size_t i = 0; i < numberOfKeys; ++i) {
-        const dscp::ServiceProperty& key = dscp::serviceProperties[i];
-        ORX_ALGService::Qualifiers unused;
-        const auto value = key.read(service, unused);
-        if (!value)
-            fail({unit, __LINE__}, CIMException::NOT_FOUND);
-        path.setKeyValue(key.name, *value);
-    }
+    path.setKeys(*keys);
     return path;
 }
 

@@ -13,12 +13,12 @@ namespace dscp
 namespace
 {
 
+using cim::Qualifiers;
+using cim::Value;
 using OpenWBEM::CIMDateTime;
 using OpenWBEM::CIMValue;
 using OpenWBEM::String;
 using Service = ORX_ALGService;
-using Qualifiers = Service::Qualifiers;
-using Value = std::optional<CIMValue>;
 
 template <typename Type>
 using Getter = Service::Status (Service::*)(Type&, Qualifiers&) const;
@@ -83,64 +83,63 @@ Value readStatusDescriptions(const Service& service, Qualifiers& qualifiers)
     return CIMValue(array);
 }
 
-// Writers.
+// Setters.
 
 template <Setter<std::string> set>
-Service::Status writeString(Service& service, const CIMValue& value)
+Service::Status setString(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toString().c_str());
 }
 
 template <Setter<bool> set>
-Service::Status writeBoolean(Service& service, const CIMValue& value)
+Service::Status setBoolean(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toBool());
 }
 
 template <Setter<std::uint16_t> set>
-Service::Status writeUint16(Service& service, const CIMValue& value)
+Service::Status setUint16(Service& service, const CIMValue& value)
 {
     return (service.*set)(value.toUInt16());
 }
 
-constexpr auto readOnly = nullptr;
-constexpr std::size_t unlimited = 0;
+constexpr ServiceProperties::Row rows[] = {
+    // clang-format off
+    {"SystemCreationClassName", readString<&Service::getSystemCreationClassName>},
+    {"SystemName", readString<&Service::getSystemName>},
+    {"CreationClassName", readString<&Service::getCreationClassName>},
+    {"Name", readString<&Service::getName>},
+    {"ElementName", readString<&Service::getElementName>},
+    {"KLonKLEnabled", readBoolean<&Service::getKLonKLEnabled>, setBoolean<&Service::setKLonKLEnabled>},
+    {"QoSMarkVOIPSignaling", readUint16<&Service::getQoSMarkVOIPSignaling>, setUint16<&Service::setQoSMarkVOIPSignaling>},
+    {"TOSByteSignaling", readUint16<&Service::getTOSByteSignaling>, setUint16<&Service::setTOSByteSignaling>},
+    {"QoSMarkVoiceMedia", readUint16<&Service::getQoSMarkVoiceMedia>, setUint16<&Service::setQoSMarkVoiceMedia>},
+    {"TOSByteMedia", readUint16<&Service::getTOSByteMedia>, setUint16<&Service::setTOSByteMedia>},
+    {"QoSMarkVideoMedia", readUint16<&Service::getQoSMarkVideoMedia>, setUint16<&Service::setQoSMarkVideoMedia>},
+    {"TOSByteVideoMedia", readUint16<&Service::getTOSByteVideoMedia>, setUint16<&Service::setTOSByteVideoMedia>},
+    {"videoMediaVisible", readUint16<&Service::getvideoMediaVisible>},
+    {"QoSFaxMedia", readUint16<&Service::getQoSFaxMedia>, setUint16<&Service::setQoSFaxMedia>},
+    {"TOSByteFax", readUint16<&Service::getTOSByteFax>, setUint16<&Service::setTOSByteFax>},
+    {"PrimaryOwnerName", readString<&Service::getPrimaryOwnerName>, setString<&Service::setPrimaryOwnerName>, 64},
+    {"PrimaryOwnerContact", readString<&Service::getPrimaryOwnerContact>, setString<&Service::setPrimaryOwnerContact>, 256},
+    {"StartMode", readString<&Service::getStartMode>},
+    {"Started", readBoolean<&Service::getStarted>},
+    {"EnabledState", readUint16<&Service::getEnabledState>},
+    {"OtherEnabledState", readString<&Service::getOtherEnabledState>},
+    {"RequestedState", readUint16<&Service::getRequestedState>},
+    {"EnabledDefault", readUint16<&Service::getEnabledDefault>, setUint16<&Service::setEnabledDefault>},
+    {"TimeOfLastStateChange", readDatetime<&Service::getTimeOfLastStateChange>},
+    {"InstallDate", readDatetime<&Service::getInstallDate>},
+    {"OperationalStatus", readOperationalStatus},
+    {"StatusDescriptions", readStatusDescriptions},
+    {"Status", readString<&Service::getStatus>},
+    {"Caption", readString<&Service::getCaption>},
+    {"Description", readString<&Service::getDescription>},
+    // clang-format on
+};
 
 } // namespace
 
-const std::array<ServiceProperty, 30> serviceProperties = {{
-    // clang-format off
-    {"SystemCreationClassName", readString<&Service::getSystemCreationClassName>, readOnly, unlimited},
-    {"SystemName", readString<&Service::getSystemName>, readOnly, unlimited},
-    {"CreationClassName", readString<&Service::getCreationClassName>, readOnly, unlimited},
-    {"Name", readString<&Service::getName>, readOnly, unlimited},
-    {"ElementName", readString<&Service::getElementName>, readOnly, unlimited},
-    {"KLonKLEnabled", readBoolean<&Service::getKLonKLEnabled>, writeBoolean<&Service::setKLonKLEnabled>, unlimited},
-    {"QoSMarkVOIPSignaling", readUint16<&Service::getQoSMarkVOIPSignaling>, writeUint16<&Service::setQoSMarkVOIPSignaling>, unlimited},
-    {"TOSByteSignaling", readUint16<&Service::getTOSByteSignaling>, writeUint16<&Service::setTOSByteSignaling>, unlimited},
-    {"QoSMarkVoiceMedia", readUint16<&Service::getQoSMarkVoiceMedia>, writeUint16<&Service::setQoSMarkVoiceMedia>, unlimited},
-    {"TOSByteMedia", readUint16<&Service::getTOSByteMedia>, writeUint16<&Service::setTOSByteMedia>, unlimited},
-    {"QoSMarkVideoMedia", readUint16<&Service::getQoSMarkVideoMedia>, writeUint16<&Service::setQoSMarkVideoMedia>, unlimited},
-    {"TOSByteVideoMedia", readUint16<&Service::getTOSByteVideoMedia>, writeUint16<&Service::setTOSByteVideoMedia>, unlimited},
-    {"videoMediaVisible", readUint16<&Service::getvideoMediaVisible>, readOnly, unlimited},
-    {"QoSFaxMedia", readUint16<&Service::getQoSFaxMedia>, writeUint16<&Service::setQoSFaxMedia>, unlimited},
-    {"TOSByteFax", readUint16<&Service::getTOSByteFax>, writeUint16<&Service::setTOSByteFax>, unlimited},
-    {"PrimaryOwnerName", readString<&Service::getPrimaryOwnerName>, writeString<&Service::setPrimaryOwnerName>, 64},
-    {"PrimaryOwnerContact", readString<&Service::getPrimaryOwnerContact>, writeString<&Service::setPrimaryOwnerContact>, 256},
-    {"StartMode", readString<&Service::getStartMode>, readOnly, unlimited},
-    {"Started", readBoolean<&Service::getStarted>, readOnly, unlimited},
-    {"EnabledState", readUint16<&Service::getEnabledState>, readOnly, unlimited},
-    {"OtherEnabledState", readString<&Service::getOtherEnabledState>, readOnly, unlimited},
-    {"RequestedState", readUint16<&Service::getRequestedState>, readOnly, unlimited},
-    {"EnabledDefault", readUint16<&Service::getEnabledDefault>, writeUint16<&Service::setEnabledDefault>, unlimited},
-    {"TimeOfLastStateChange", readDatetime<&Service::getTimeOfLastStateChange>, readOnly, unlimited},
-    {"InstallDate", readDatetime<&Service::getInstallDate>, readOnly, unlimited},
-    {"OperationalStatus", readOperationalStatus, readOnly, unlimited},
-    {"StatusDescriptions", readStatusDescriptions, readOnly, unlimited},
-    {"Status", readString<&Service::getStatus>, readOnly, unlimited},
-    {"Caption", readString<&Service::getCaption>, readOnly, unlimited},
-    {"Description", readString<&Service::getDescription>, readOnly, unlimited},
-    // clang-format on
-}};
+const ServiceProperties serviceProperties(rows);
 
 } // namespace dscp

@@ -1,38 +1,19 @@
 #ifndef KV_DSCP_SERVICEPROPERTY_HPP
 #define KV_DSCP_SERVICEPROPERTY_HPP
 
+#include "cim/PropertyTable.hpp"
 #include "dscp/ORX_ALGService.hpp"
-
-#include <OW_config.h>
-
-#include <OW_CIMValue.hpp>
-
-#include <array>
-#include <cstddef>
-#include <optional>
 
 namespace dscp
 {
 
-/// One property of the CIM class ORX_ALGService and how it is carried between an instance and a service
-/// object.
-struct ServiceProperty {
-    const char* name;
+using ServiceProperties = cim::PropertyTable<ORX_ALGService, ORX_ALGService::Status>;
 
-    /// The property's value in exactly its CIM type, or nothing if the service does not support it.
-    std::optional<OpenWBEM::CIMValue> (*read)(const ORX_ALGService& service,
-                                              ORX_ALGService::Qualifiers& qualifiers);
+/// The properties of the CIM class ORX_ALGService. A setter returns what the service's own returns.
+extern const ServiceProperties serviceProperties;
 
-    /// Null for a property that clients cannot write. Returns what the service's setter returns; throws what
-    /// OpenWBEM throws for a value of another type than the property's.
-    ORX_ALGService::Status (*write)(ORX_ALGService& service, const OpenWBEM::CIMValue& value);
-
-    /// The most characters that a text may have; 0 if the length is not limited.
-    std::size_t maxLength;
-};
-
-/// All properties, in the order in which an instance carries them.
-extern const std::array<ServiceProperty, 30> serviceProperties;
+/// Its first properties are its keys.
+constexpr std::size_t numberOfServiceKeys = 4;
 
 } // namespace dscp
 

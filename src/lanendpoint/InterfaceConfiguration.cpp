@@ -1,5 +1,6 @@
 #include "lanendpoint/InterfaceConfiguration.hpp"
 
+#include "netutil/ServerInterfaces.hpp"
 #include "system/Stream.hpp"
 
 #include <OW_Array.hpp>
@@ -74,7 +75,7 @@ AddressInForce addressInForce(const String& name)
 void readInterfaceConfiguration(const String& name, InterfaceConfiguration& configuration)
 {
     readInterfaceFile(name, configuration);
-    if (name != "eth1")
+    if (name != customerLanName)
         return;
     if (configuration.isDhcpEnabled) {
         const AddressInForce current = addressInForce(name);

@@ -1,13 +1,13 @@
 #include "lanendpoint/ORX_LANEndpoint.hpp"
 
+#include "lanendpoint/ImpactWarning.hpp"
 #include "netutil/InterfaceMtu.hpp"
 #include "netutil/InterfaceRequest.hpp"
 #include "netutil/InterfaceState.hpp"
 #include "netutil/LinkSpeed.hpp"
+#include "netutil/ServerInterfaces.hpp"
 #include "netutil/StoredMtu.hpp"
 #include "reporting/Logging.hpp"
-
-#include <OW_CIMValue.hpp>
 
 #include <cstdio>
 
@@ -17,7 +17,6 @@ namespace
 using OpenWBEM::Array;
 using OpenWBEM::CIMDateTime;
 using OpenWBEM::CIMQualifier;
-using OpenWBEM::CIMValue;
 using OpenWBEM::String;
 
 constexpr const char* unit = "ORX_LANEndpoint.cpp";
@@ -26,24 +25,6 @@ constexpr const char* unit = "ORX_LANEndpoint.cpp";
 // (RFC 894).
 constexpr int smallestMtu = 68;
 constexpr int largestMtu = 1500;
-
-struct NamedInterface {
-    const char* name;
-    const char* description;
-};
-
-constexpr NamedInterface namedInterfaces[] = {
-    {"eth0", "Internal LAN"},
-    {"eth1", "Customer LAN"},
-    {"eth2", "OAM LAN"},
-};
-
-void appendImpactWarning(Array<CIMQualifier>& qualifiers, const char* text)
-{
-    CIMQualifier warning("ImpactWarning");
-    warning.setValue(CIMValue(text));
-    qualifiers.push_back(warning);
-}
 
 String asText(const InterfaceRequest::HardwareAddress& address)
 {
@@ -121,7 +102,7 @@ int ORX_LANEndpoint::get()
 
 String ORX_LANEndpoint::getMapping(const String& value, bool toDescription) const
 {
-    for (const NamedInterface& known : namedInterfaces)
+    for (const ServerInterface& known : serverInterfaces)
         if (value == (toDescription ? known.name : known.description))
             return String(toDescription ? known.description : known.name);
     reporting::logAndFail({unit, __LINE__}, "Cannot find the corresponding if interface",
@@ -153,7 +134,7 @@ int ORX_LANEndpoint::setMaxDataSize(int maxDataSize)
 
 int ORX_LANEndpoint::getIPAddress(String& ipAddress, Array<CIMQualifier>& qualifiers) const
 {
-    appendImpactWarning(qualifiers, "Changing IP address will restart Voice Messaging.");
+    impact::appendWarning(qualifiers, impact::ofIPAddress);
     return ORX_LANEndpointAPI::getIPAddress(ipAddress);
 }
 
@@ -165,7 +146,7 @@ int ORX_LANEndpoint::setIPAddress(const String& ipAddress)
 
 int ORX_LANEndpoint::getSubnetMask(String& subnetMask, Array<CIMQualifier>& qualifiers) const
 {
-    appendImpactWarning(qualifiers, "Changing subnet mask will restart Voice Messaging.");
+    impact::appendWarning(qualifiers, impact::ofSubnetMask);
     return ORX_LANEndpointAPI::getSubnetMask(subnetMask);
 }
 
@@ -188,7 +169,7 @@ int ORX_LANEndpoint::setGateway(const String& gateway)
 
 int ORX_LANEndpoint::getIsDHCPEnabled(bool& isDhcpEnabled, Array<CIMQualifier>& qualifiers) const
 {
-    appendImpactWarning(qualifiers, "Changing DHCP will restart Voice Messaging.");
+    impact::appendWarning(qualifiers, impact::ofDHCP);
     return ORX_LANEndpointAPI::getIsDHCPEnabled(isDhcpEnabled);
 }
 

@@ -1,51 +1,17 @@
 #include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
-#include "lanendpoint/EmsIPChangePacketHandler.hpp"
-#include "system/CommandExecution.hpp"
-#include "system/LanSemaphore.hpp"
-#include "system/VoiceMessaging.hpp"
+#include "lanendpoint/AddressRules.hpp"
+#include "lanendpoint/ChangeCommands.hpp"
+#include "lanendpoint/EmsNotice.hpp"
+#include "netutil/ServerInterfaces.hpp"
 
-#include <OW_Array.hpp>
 #include <OW_Types.hpp>
 
 #include <dhcp_ip_info.h>
 #include <os_layer.h>
 
-#include <arpa/inet.h>
-#include <syslog.h>
-#include <unistd.h>
-
-#include <cstring>
-
-namespace
-{
-
 using OpenWBEM::Int32;
 using OpenWBEM::String;
-using OpenWBEM::StringArray;
-
-// The platform and the shell read text up to its first NUL; a value that goes on behind one has not been seen
-// whole by whoever found it valid.
-bool hasNul(const String& text)
-{
-    return std::strlen(text.c_str()) != text.length();
-}
-
-bool parse(const String& address, in_addr& parsed)
-{
-    return inet_aton(address.c_str(), &parsed) != 0;
-}
-
-// What may follow the last 255 of a mask.
-bool isPartialMaskByte(const String& token)
-{
-    for (const char* byte : {"0", "254", "252", "248", "240", "224", "192", "128"})
-        if (token == byte)
-            return true;
-    return false;
-}
-
-} // namespace
 
 ORX_LANEndpointAPI::ORX_LANEndpointAPI() : ORX_LANEndpointAPI(String("")) {}
 
@@ -131,18 +97,15 @@ int ORX_LANEndpointAPI::applyUnlessInProgress()
 
 int ORX_LANEndpointAPI::setIsDHCPEnabled(const bool& isDhcpEnabled)
 {
-    if (isDhcpEnabled == bool(m_configuration.isDhcpEnabled) || m_name == "eth0")
+    if (isDhcpEnabled == bool(m_configuration.isDhcpEnabled) || m_name == internalLanName)
         return 0;
-    updateInterfaceFile("BOOTPROTO", isDhcpEnabled ? "dhcp" : "static");
+    storeInterfaceValue(m_name, "BOOTPROTO", isDhcpEnabled ? "dhcp" : "static");
     const AddressInForce current = addressInForce(m_name);
-    updateInterfaceFile("IPADDR", current.ipAddress);
-    updateInterfaceFile("NETMASK", current.subnetMask);
-    runUnderLanSemaphore("/kv/bin/updateFile gateway " + current.gateway);
-    if (isDhcpEnabled) {
-        stopVoiceMail();
-        // Started here in the background, the script owns the rest of the switch.
-        invokeCommand("/kv/bin/dhcp_ippaddr.sh " + m_name + " &");
-    }
+    storeInterfaceValue(m_name, "IPADDR", current.ipAddress);
+    storeInterfaceValue(m_name, "NETMASK", current.subnetMask);
+    storeGateway(current.gateway);
+    if (isDhcpEnabled)
+        startDhcp(m_name);
     dhcpIpInfoInformDHCPProviderOfIPConfigChange();
     m_configuration.isDhcpEnabled = isDhcpEnabled;
     return 0;
@@ -189,7 +152,7 @@ ChangeOutcome ORX_LANEndpointAPI::checkAddress() const
 {
     const String& ipAddress = m_configuration.ipAddress;
     const String& subnetMask = m_configuration.subnetMask;
-    if (hasNul(ipAddress) || dhcpIpInfoIsIPAddrValid(ipAddress.c_str()) != 1)
+    if (addressValidity(ipAddress) != 1)
         return CHANGE_INVALID_IP;
     if (isHostAddressNonZero(ipAddress, subnetMask) != 1)
         return CHANGE_INVALID_IP;
@@ -205,8 +168,8 @@ ChangeOutcome ORX_LANEndpointAPI::checkMask() const
     return unique ? CHANGE_DONE : CHANGE_OVERLAPS;
 }
 
-// An empty gateway stands for the interface itself, which is a way out only without a router card. Intended:
-// the outcome is that of an invalid address, which is what clients read.
+// An empty gateway stands for the interface itself. With a router card in the server, the gateway must be
+// another machine. Intended: the outcome is that of an invalid address, which is what clients read.
 ChangeOutcome ORX_LANEndpointAPI::checkGateway() const
 {
     const String& ipAddress = m_configuration.ipAddress;
@@ -216,50 +179,32 @@ ChangeOutcome ORX_LANEndpointAPI::checkGateway() const
         return CHANGE_INVALID_IP;
     if (routerPresent && gateway == ipAddress)
         return CHANGE_INVALID_IP;
-    const bool usable = !hasNul(gateway) && dhcpIpInfoIsIPAddrValid(gateway.c_str()) != 0;
-    return usable ? CHANGE_DONE : CHANGE_INVALID_IP;
+    return addressValidity(gateway) != 0 ? CHANGE_DONE : CHANGE_INVALID_IP;
 }
 
 int ORX_LANEndpointAPI::applyAddress()
 {
-    updateInterfaceFile("IPADDR", m_configuration.ipAddress);
-    if (m_name == "eth1")
-        runUnderLanSemaphore("/kv/bin/updatehosts ipaddress " + m_configuration.ipAddress);
-    restartInterface();
+    storeInterfaceValue(m_name, "IPADDR", m_configuration.ipAddress);
+    if (m_name == customerLanName)
+        storeHost("ipaddress", m_configuration.ipAddress);
+    restartInterface(m_name);
     informDhcpService();
     return notifyEMS();
 }
 
 void ORX_LANEndpointAPI::applyMask() const
 {
-    updateInterfaceFile("NETMASK", m_configuration.subnetMask);
-    restartInterface();
+    storeInterfaceValue(m_name, "NETMASK", m_configuration.subnetMask);
+    restartInterface(m_name);
     informDhcpService();
 }
 
-// Intended: whatever the interface, the default route leaves through eth1, the customer LAN.
 void ORX_LANEndpointAPI::applyGateway(const String& oldGateway) const
 {
-    const String& gateway = m_configuration.gateway;
-    runUnderLanSemaphore("/kv/bin/updatehosts routeraddress " + gateway);
-    runUnderLanSemaphore("/kv/bin/updateFile gateway " + gateway);
-    String ignored;
-    runCommand("route delete default gw " + oldGateway + " eth1", ignored);
-    runCommand("route add default gw " + gateway + " eth1", ignored);
+    storeHost("routeraddress", m_configuration.gateway);
+    storeGateway(m_configuration.gateway);
+    replaceDefaultRoute(oldGateway, m_configuration.gateway);
     informDhcpService();
-}
-
-void ORX_LANEndpointAPI::updateInterfaceFile(const char* key, const String& value) const
-{
-    runUnderLanSemaphore("/kv/bin/updateFile ifcfg " + m_name + " " + key + " " + value);
-}
-
-void ORX_LANEndpointAPI::restartInterface() const
-{
-    stopVoiceMail();
-    String ignored;
-    runCommand("ifdown " + m_name + ";ifup " + m_name, ignored);
-    startVoiceMail();
 }
 
 // The internal LAN, eth0, is none of the DHCP service's business.
@@ -277,68 +222,21 @@ char ORX_LANEndpointAPI::interfaceDigit() const
 
 int ORX_LANEndpointAPI::isMaskValid(const String& mask) const
 {
-    const StringArray bytes = mask.tokenize(".");
-    if (hasNul(mask) || bytes.size() != 4)
-        return 0;
-    StringArray::size_type i = 0;
-    while (i < bytes.size() && bytes[i] == "255")
-        ++i;
-    if (i < bytes.size() && !isPartialMaskByte(bytes[i++]))
-        return 0;
-    while (i < bytes.size() && bytes[i] == "0")
-        ++i;
-    return i == bytes.size() ? 1 : 0;
+    return isMask(mask) ? 1 : 0;
 }
 
 int ORX_LANEndpointAPI::uniqueSubnet(const String& ip, const String& mask) const
 {
-    in_addr ownAddress = {};
-    in_addr ownMask = {};
-    if (!parse(ip, ownAddress) || !parse(mask, ownMask))
-        return 0;
-    for (const char* other : {"eth0", "eth1", "eth2"}) {
-        if (m_name == other)
-            continue;
-        const AddressInForce neighbour = addressInForce(other);
-        if (neighbour.ipAddress.empty() || neighbour.subnetMask.empty())
-            continue;
-        in_addr address = {};
-        in_addr neighbourMask = {};
-        if (!parse(neighbour.ipAddress, address) || !parse(neighbour.subnetMask, neighbourMask))
-            return 0;
-        const in_addr_t common = ownMask.s_addr & neighbourMask.s_addr;
-        if ((ownAddress.s_addr & common) == (address.s_addr & common))
-            return 0;
-    }
-    return 1;
+    return isNetworkOfItsOwn(m_name, ip, mask) ? 1 : 0;
 }
 
 int ORX_LANEndpointAPI::isHostAddressNonZero(const String& ip, const String& mask) const
 {
-    in_addr address = {};
-    in_addr network = {};
-    if (!parse(ip, address) || !parse(mask, network))
-        return 0;
-    return (address.s_addr | network.s_addr) != network.s_addr ? 1 : 0;
+    return hasHostPart(ip, mask) ? 1 : 0;
 }
 
 int ORX_LANEndpointAPI::notifyEMS()
 {
-    int code = EmsConnectionOpen(0, EmsIPChangePacketHandler);
-    if (code != 0) {
-        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot Open EMS connection: error code: %d\n", code);
-        return -1;
-    }
     const auto bit = static_cast<unsigned int>(interfaceDigit() - '0');
-    code = EmsIpAddressChange(1, 1, bit < 32 ? 1U << bit : 0U);
-    if (code != 0) {
-        // Intended: the connection stays open.
-        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot notify IP address change: error code: %d\n", code);
-        return -1;
-    }
-    sleep(1); // for the service's answer, which EmsIPChangePacketHandler logs
-    code = EmsConnectionClose();
-    if (code != 0)
-        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot close EMS connection: error code: %d\n", code);
-    return 0;
+    return sendEmsNotice(bit < 32 ? 1U << bit : 0U);
 }

@@ -82,8 +82,6 @@ class ORX_LANEndpointAPI
     int applyAddress();
     void applyMask() const;
     void applyGateway(const OpenWBEM::String& oldGateway) const;
-    void updateInterfaceFile(const char* key, const OpenWBEM::String& value) const;
-    void restartInterface() const;
     void informDhcpService() const;
     char interfaceDigit() const;
 

@@ -1,10 +1,12 @@
 #include "lanendpoint/ORX_LANEndpointInstanceManager.hpp"
 
+#include "netutil/ServerInterfaces.hpp"
 #include "reporting/Logging.hpp"
 
 #include <os_layer.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -22,7 +24,7 @@ const char* processIdFailure(int code)
 
 void ORX_LANEndpointInstanceManager::init()
 {
-    m_count = 3;
+    m_count = static_cast<int>(std::size(serverInterfaces));
     m_current = -1;
     int processId = 0;
     const int code = osGetProcessId(&processId);

@@ -10,7 +10,7 @@ class ORX_LANEndpointInstanceManager
     /// Begins anew. Logs an error when the process id cannot be had; nothing else depends on it.
     void init();
 
-    /// The next interface number, 0 to 2, and -1 after the last one; then 0 again. Before init always -1.
+    /// The next interface number, from 0, and -1 after the last one; then 0 again. Before init always -1.
     int next();
 
   private:

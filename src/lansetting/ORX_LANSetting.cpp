@@ -2,26 +2,24 @@
 
 #include "config/NetfilterConfig.hpp"
 #include "lansetting/DomainName.hpp"
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/PacketFilterDevice.hpp"
+#include "lansetting/ResolverFile.hpp"
+#include "netutil/ServerInterfaces.hpp"
 #include "reporting/Logging.hpp"
 #include "system/LanSemaphore.hpp"
 #include "system/RegistryValue.hpp"
-#include "system/Stream.hpp"
 
 #include <dhcp_ip_info.h>
 #include <os_layer.h>
 
 #include <OW_Types.hpp>
 
-#include <fcntl.h>
 #include <netdb.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <utility>
 
 namespace
@@ -33,13 +31,11 @@ using reporting::logAndFail;
 using reporting::logError;
 
 constexpr const char* unit = "ORX_LANSetting.cpp";
-constexpr const char* packetFilterDevice = "/dev/kv_netfilter";
 constexpr const char* domainCommand = "/kv/bin/updatehosts domainname ";
 
 constexpr const char* registrySection = "DNS";
 
 constexpr std::size_t hostNameBuffer = 1024;
-constexpr std::size_t lineBuffer = 1024; ///< 1023 characters and the NUL; a longer line arrives in pieces
 
 constexpr int routerResetDone = 0;
 constexpr int routerButtonNotPressed = 4;
@@ -57,37 +53,25 @@ void setRegistryFlag(const char* flag)
     registry::write(registrySection, flag, 1);
 }
 
-/// False when the file cannot be opened.
-bool writeResolverFile(const String& contents)
-{
-    const Stream file(std::fopen(resolveFile, "we"));
-    if (!file)
-        return false;
-    std::fwrite(contents.c_str(), 1, contents.length(), file.get());
-    return true;
-}
-
 } // namespace
 
-/// A switch of the packet filter. The requests are the numbers 2 to 5 as the kernel's _IOW makes them of type
-/// 0xAB and a 4-byte argument on the server's processor, where "write" is 0x80000000: the device knows these
-/// codes and no others, whatever the host's own _IOW would make. Broadcast is 5 and conflict 4, as intended.
+/// A switch of the packet filter: its line in the switch file, its request to the device, its field here.
 struct ORX_LANSetting::PacketFilterSwitch {
     const char* key;
     std::uint32_t request;
     bool ORX_LANSetting::*field;
 };
 
-const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::icmpFilter = {"kv_netfilter_icmp", 0x8004AB02,
-                                                                       &ORX_LANSetting::isIcmpFilterEnabled};
-const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::arpFilter = {"kv_netfilter_arp", 0x8004AB03,
+const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::icmpFilter = {
+    "kv_netfilter_icmp", packetfilter::icmp, &ORX_LANSetting::isIcmpFilterEnabled};
+const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::arpFilter = {"kv_netfilter_arp", packetfilter::arp,
                                                                       &ORX_LANSetting::isArpFilterEnabled};
 const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::broadcastFilter = {
-    "kv_netfilter_broadcast", 0x8004AB05, &ORX_LANSetting::isBroadcastFilterEnabled};
+    "kv_netfilter_broadcast", packetfilter::broadcast, &ORX_LANSetting::isBroadcastFilterEnabled};
 const ORX_LANSetting::PacketFilterSwitch ORX_LANSetting::ipConflictDetection = {
-    "kv_netfilter_ipconflict", 0x8004AB04, &ORX_LANSetting::isIPAddressConflictEnabled};
+    "kv_netfilter_ipconflict", packetfilter::ipConflict, &ORX_LANSetting::isIPAddressConflictEnabled};
 
-ORX_LANSetting::ORX_LANSetting() : customerLan("eth1") {}
+ORX_LANSetting::ORX_LANSetting() : customerLan(customerLanName) {}
 
 bool ORX_LANSetting::getInstanceID(String& value) const
 {
@@ -146,7 +130,7 @@ bool ORX_LANSetting::getIsRouterPresent(bool& value) const
 bool ORX_LANSetting::get()
 {
     readDomainName();
-    readResolverFile();
+    readNameServers();
     readRouterPresence();
     return readSwitches();
 }
@@ -167,15 +151,9 @@ void ORX_LANSetting::readDomainName()
     domainName = domainOf(entry->h_name);
 }
 
-void ORX_LANSetting::readResolverFile()
+void ORX_LANSetting::readNameServers()
 {
-    ResolverImage image;
-    if (const Stream file{std::fopen(resolveFile, "re")}) {
-        std::array<char, lineBuffer> line;
-        while (std::fgets(line.data(), static_cast<int>(line.size()), file.get()) &&
-               image.addLine(line.data(), domainName)) {
-        }
-    }
+    ResolverImage image = readResolverFile(domainName);
     primaryDNS = std::move(image.primaryDNS);
     secondaryDNS = std::move(image.secondaryDNS);
     resolvContents = std::move(image.contents);
@@ -275,15 +253,7 @@ bool ORX_LANSetting::setSwitch(const PacketFilterSwitch& which, bool enabled)
 
 int ORX_LANSetting::notifyKernel(int request, unsigned value)
 {
-    const int device = open(packetFilterDevice, O_RDWR | O_CLOEXEC);
-    if (device < 0)
-        return -1;
-    std::uint32_t argument = value;
-    // The code is 32 bits wide; an int must not be sign-extended into ioctl's unsigned long.
-    if (ioctl(device, static_cast<std::uint32_t>(request), &argument) < 0)
-        return -1; // Intended: the device stays open after a refusal.
-    close(device);
-    return 0;
+    return packetfilter::setSwitch(static_cast<std::uint32_t>(request), value);
 }
 
 String ORX_LANSetting::resetRouter()

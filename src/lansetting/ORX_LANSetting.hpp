@@ -7,9 +7,6 @@
 
 #include <OW_String.hpp>
 
-/// The resolver's configuration, resolv.conf(5).
-inline constexpr char resolveFile[] = "/etc/resolv.conf";
-
 /// The server-wide LAN settings: DNS domain and name servers, the packet filter's four switches, the router
 /// card. A plain value; the library has one of it, which every request works on without a lock.
 ///
@@ -78,7 +75,7 @@ class ORX_LANSetting
     static const PacketFilterSwitch ipConflictDetection;
 
     void readDomainName();
-    void readResolverFile();
+    void readNameServers();
     void readRouterPresence();
     bool readSwitches();
     bool setSwitch(const PacketFilterSwitch& which, bool enabled);

@@ -1,11 +1,11 @@
 #include "lansetting/ORX_LANSettingProvider.hpp"
 
+#include "lansetting/SettingProperty.hpp"
 #include "reporting/Failure.hpp"
 #include "reporting/Logging.hpp"
 #include "reporting/OperationGuard.hpp"
 
 #include <OW_Array.hpp>
-#include <OW_Bool.hpp>
 #include <OW_CIMException.hpp>
 #include <OW_CIMParamValue.hpp>
 #include <OW_CIMProperty.hpp>
@@ -15,7 +15,6 @@ ORX_LANSetting setting;
 namespace
 {
 
-using OpenWBEM::Bool;
 using OpenWBEM::CIMClass;
 using OpenWBEM::CIMException;
 using OpenWBEM::CIMInstance;
@@ -33,76 +32,6 @@ namespace WBEMFlags = OpenWBEM::WBEMFlags;
 
 constexpr const char* unit = "ORX_LANSettingProvider.cpp";
 constexpr const char* settingClass = "ORX_LANServiceSetting";
-constexpr const char* instanceIDOfInstance = "Kalvor:ORX_LANServiceSetting";
-
-/// A property that clients may change, and the model's operations for it.
-struct TextProperty {
-    const char* name;
-    bool (ORX_LANSetting::*get)(String&) const;
-    bool (ORX_LANSetting::*set)(const String&);
-};
-
-struct SwitchProperty {
-    const char* name;
-    bool (ORX_LANSetting::*get)(bool&) const;
-    bool (ORX_LANSetting::*set)(bool);
-};
-
-constexpr TextProperty textProperties[] = {
-    {"DomainName", &ORX_LANSetting::getDomainName, &ORX_LANSetting::setDomainName},
-    {"PrimaryDNS", &ORX_LANSetting::getPrimaryDNS, &ORX_LANSetting::setPrimaryDNS},
-    {"SecondaryDNS", &ORX_LANSetting::getSecondaryDNS, &ORX_LANSetting::setSecondaryDNS},
-};
-
-constexpr SwitchProperty switchProperties[] = {
-    {"isIcmpFilterEnabled", &ORX_LANSetting::getIsIcmpFilterEnabled, &ORX_LANSetting::setIsIcmpFilterEnabled},
-    {"isArpFilterEnabled", &ORX_LANSetting::getIsArpFilterEnabled, &ORX_LANSetting::setIsArpFilterEnabled},
-    {"isBroadcastFilterEnabled", &ORX_LANSetting::getIsBroadcastFilterEnabled,
-     &ORX_LANSetting::setIsBroadcastFilterEnabled},
-    {"isIPAddressConflictEnabled", &ORX_LANSetting::getIsIPAddressConflictEnabled,
-     &ORX_LANSetting::setIsIPAddressConflictEnabled},
-};
-
-void addText(CIMInstance& instance, const char* name, const String& value)
-{
-    instance.setProperty(CIMProperty(name, CIMValue(value)));
-}
-
-void addSwitch(CIMInstance& instance, const char* name, bool value)
-{
-    instance.setProperty(CIMProperty(name, CIMValue(Bool(value))));
-}
-
-bool setIfDifferent(ORX_LANSetting& model, const TextProperty& property, const String& value)
-{
-    String current;
-    (model.*property.get)(current);
-    return value == current || (model.*property.set)(value);
-}
-
-bool setIfDifferent(ORX_LANSetting& model, const SwitchProperty& property, bool value)
-{
-    bool current = false;
-    (model.*property.get)(current);
-    return value == current || (model.*property.set)(value);
-}
-
-/// Applies one property of a modification. Names are compared exactly; properties that cannot be changed and
-/// those without a value are passed over. False when the model did not take the value.
-bool applyProperty(ORX_LANSetting& model, const String& name, const CIMValue& value)
-{
-    if (!value)
-        return true;
-    for (const TextProperty& property : textProperties) {
-        if (name == property.name)
-            return setIfDifferent(model, property, value.toString());
-    }
-    for (const SwitchProperty& property : switchProperties) {
-        if (name == property.name)
-            return setIfDifferent(model, property, value.toBool());
-    }
-    return true;
-}
 
 } // namespace
 
@@ -198,22 +127,7 @@ void ORX_LANSettingProvider::ORX_LANSettingToCIMInstance(const String&, const OR
                                                          const CIMClass&, CIMInstance& instance)
 {
     instance.setClassName(settingClass);
-    String text;
-    if (model.getInstanceID(text))
-        instance.setProperty(CIMProperty("InstanceID", CIMValue(instanceIDOfInstance)));
-    for (const TextProperty& property : textProperties) {
-        if (!(model.*property.get)(text))
-            text = "";
-        addText(instance, property.name, text);
-    }
-    bool enabled = false;
-    for (const SwitchProperty& property : switchProperties) {
-        (model.*property.get)(enabled);
-        addSwitch(instance, property.name, enabled);
-    }
-    bool fitted = false;
-    model.getIsRouterPresent(fitted);
-    addSwitch(instance, "isRouterPresent", fitted);
+    settingProperties.fill(instance, model);
 }
 
 void ORX_LANSettingProvider::ORX_LANSettingToCIMObjectPath(const ORX_LANSetting& model, CIMObjectPath& path)
@@ -230,11 +144,11 @@ void ORX_LANSettingProvider::modifyInstance(ORX_LANSetting& model, const CIMInst
 {
     const CIMPropertyArray properties = instance.getProperties();
     for (const CIMProperty& property : properties) {
-        const String name = property.getName();
+        const auto* row = settingProperties.rowToSet(property);
         // The code in the log is fixed: a setter answers with a flag, of which only 0 refuses.
-        if (!applyProperty(model, name, property.getValue()))
+        if (row && !row->set(model, property.getValue()))
             reporting::logAndFail({unit, __LINE__},
-                                  "Failed to modify property  " + instance.toString() + "." + name,
+                                  "Failed to modify property  " + instance.toString() + "." + row->name,
                                   "LAN_ERROR_failedModifyProperty", ":  with return code: 0");
     }
 }

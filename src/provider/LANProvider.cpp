@@ -3,6 +3,7 @@
 #include "dscp/ORX_ALGServiceProvider.hpp"
 #include "lanendpoint/ORX_LANEndpointProvider.hpp"
 #include "lansetting/ORX_LANSettingProvider.hpp"
+#include "netutil/ServerInterfaces.hpp"
 #include "provider/MTUSize.hpp"
 #include "reporting/Failure.hpp"
 #include "reporting/Logging.hpp"
@@ -56,8 +57,8 @@ void LANProvider::initialize(const ProviderEnvironmentIFCRef& env)
     endpointProvider.initialize(env);
     settingProvider.initialize(env);
     algServiceProvider.initialize(env);
-    for (const char* ifName : {"eth0", "eth1", "eth2"})
-        setMTUSize(ifName);
+    for (const ServerInterface& interface : serverInterfaces)
+        setMTUSize(interface.name);
 }
 
 void LANProvider::cleanup()

@@ -31,8 +31,8 @@ class LANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppI
                                     const OpenWBEM::CIMParamValueArray& in,
                                     OpenWBEM::CIMParamValueArray& out) override;
 
-    /// Takes gLogger from the environment, initialises the sub-providers and applies the stored MTU to eth0,
-    /// eth1 and eth2. Completes even where an interface is missing. May be called again.
+    /// Takes gLogger from the environment, initialises the sub-providers and applies the stored MTU to all
+    /// interfaces of the server. Completes even where an interface is missing. May be called again.
     void initialize(const OpenWBEM::ProviderEnvironmentIFCRef& env) override;
 
     void enumInstanceNames(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,

@@ -2,7 +2,7 @@
 // against the headers of the target that these tests are built for.
 
 #include "Environment.hpp"
-#include "lanendpoint/EmsIPChangePacketHandler.hpp"
+#include "lanendpoint/EmsNotice.hpp"
 #include "lansetting/ORX_LANSetting.hpp"
 #include "netutil/LinkSpeed.hpp"
 

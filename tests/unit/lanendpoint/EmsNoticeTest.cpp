@@ -1,5 +1,5 @@
+#include "lanendpoint/EmsNotice.hpp"
 #include "EndpointServer.hpp"
-#include "lanendpoint/EmsIPChangePacketHandler.hpp"
 #include "lanendpoint/ORX_LANEndpointAPI.hpp"
 
 #include <gtest/gtest.h>

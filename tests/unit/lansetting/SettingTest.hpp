@@ -4,6 +4,7 @@
 #include "Environment.hpp"
 #include "ModelFaults.hpp"
 #include "lansetting/ORX_LANSettingProvider.hpp"
+#include "lansetting/ResolverFile.hpp"
 
 #include <OW_CIMException.hpp>
 

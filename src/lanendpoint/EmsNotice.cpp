@@ -1,6 +1,7 @@
-#include "lanendpoint/EmsIPChangePacketHandler.hpp"
+#include "lanendpoint/EmsNotice.hpp"
 
 #include <syslog.h>
+#include <unistd.h>
 
 #include <cstddef>
 
@@ -23,6 +24,26 @@ unsigned int bigEndian(const unsigned char* first, std::size_t width)
 }
 
 } // namespace
+
+int sendEmsNotice(unsigned int interfaces)
+{
+    int code = EmsConnectionOpen(0, EmsIPChangePacketHandler);
+    if (code != 0) {
+        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot Open EMS connection: error code: %d\n", code);
+        return -1;
+    }
+    code = EmsIpAddressChange(1, 1, interfaces);
+    if (code != 0) {
+        // Intended: the connection stays open.
+        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot notify IP address change: error code: %d\n", code);
+        return -1;
+    }
+    sleep(1); // for the answer
+    code = EmsConnectionClose();
+    if (code != 0)
+        syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot close EMS connection: error code: %d\n", code);
+    return 0;
+}
 
 int EmsIPChangePacketHandler(sEmsPacket* packet)
 {

@@ -1,0 +1,124 @@
+#include "lanendpoint/EndpointProperty.hpp"
+
+#include "reporting/Failure.hpp"
+#include "reporting/Logging.hpp"
+
+#include <OW_CIMException.hpp>
+#include <OW_Types.hpp>
+
+namespace
+{
+
+using cim::Qualifiers;
+using cim::Value;
+using OpenWBEM::Bool;
+using OpenWBEM::CIMDateTime;
+using OpenWBEM::CIMException;
+using OpenWBEM::CIMValue;
+using OpenWBEM::Int32;
+using OpenWBEM::String;
+using OpenWBEM::UInt16;
+using OpenWBEM::UInt64;
+using Endpoint = ORX_LANEndpoint;
+
+constexpr const char* unit = "ORX_LANEndpointProvider.cpp"; // the table is the provider's
+
+// Readers.
+
+template <const char* text>
+Value constant(const Endpoint&, Qualifiers&)
+{
+    return CIMValue(String(text));
+}
+
+// `Type` is what the getter gives, `CimType` what the property has.
+template <typename Type, typename CimType, auto get>
+Value read(const Endpoint& endpoint, Qualifiers&)
+{
+    Type value{};
+    if ((endpoint.*get)(value) != 1)
+        return std::nullopt;
+    return CIMValue(CimType(value));
+}
+
+template <typename Type, typename CimType, auto get>
+Value readWithWarning(const Endpoint& endpoint, Qualifiers& warning)
+{
+    Type value{};
+    if ((endpoint.*get)(value, warning) != 1)
+        return std::nullopt;
+    return CIMValue(CimType(value));
+}
+
+// An instance never goes without its address.
+Value readIPAddress(const Endpoint& endpoint, Qualifiers& warning)
+{
+    const Value value = readWithWarning<String, String, &Endpoint::getIPAddress>(endpoint, warning);
+    if (!value) // "set" is intended: tools know the text as it is.
+        reporting::fail({unit, __LINE__}, CIMException::FAILED, "Error: setIPAddress!!");
+    return value;
+}
+
+// Intended: a state that cannot be read is the empty text, not a number.
+Value readEnabledState(const Endpoint& endpoint, Qualifiers& none)
+{
+    const Value value = read<unsigned short, UInt16, &Endpoint::getEnabledState>(endpoint, none);
+    return value ? value : CIMValue(String(""));
+}
+
+// Setters.
+
+int setMaxDataSize(Endpoint& endpoint, const CIMValue& value)
+{
+    return endpoint.setMaxDataSize(value.toInt32());
+}
+
+// Operators read these traces in the error log; their level and their spelling are intended.
+int setIPAddressAndTrace(Endpoint& endpoint, const CIMValue& value)
+{
+    const int result = endpoint.setIPAddress(value.toString());
+    reporting::logError("PMDPMD Returing from setIPAddress!!");
+    reporting::logError(result != 0 ? "PMDPMDSetIPAddress Succeeded!!!!!!!!!!!!!!!!!!!!!!!"
+                                    : "PMDPMDSetIPAddress Failed!!!!!!!!!!!!!!!!!!!!!!!");
+    return result;
+}
+
+int setSubnetMask(Endpoint& endpoint, const CIMValue& value)
+{
+    return endpoint.setSubnetMask(value.toString());
+}
+
+int setGateway(Endpoint& endpoint, const CIMValue& value)
+{
+    return endpoint.setGateway(value.toString());
+}
+
+int setIsDHCPEnabled(Endpoint& endpoint, const CIMValue& value)
+{
+    return endpoint.setIsDHCPEnabled(value.toBool());
+}
+
+constexpr cim::PropertyTable<Endpoint, int>::Row rows[] = {
+    // clang-format off
+    {"SystemCreationClassName", constant<systemCreationClassName>},
+    {"SystemName", constant<systemName>},
+    {"CreationClassName", constant<creationClassName>},
+    {"Name", read<String, String, &Endpoint::getName>},
+    {"MACAddress", read<String, String, &Endpoint::getMACAddress>},
+    {"MaxDataSize", read<int, Int32, &Endpoint::getMaxDataSize>, setMaxDataSize},
+    {"IPAddress", readIPAddress, setIPAddressAndTrace},
+    {"SubnetMask", readWithWarning<String, String, &Endpoint::getSubnetMask>, setSubnetMask},
+    {"DefaultGateway", read<String, String, &Endpoint::getGateway>, setGateway},
+    {"isDhcpEnabled", readWithWarning<bool, Bool, &Endpoint::getIsDHCPEnabled>, setIsDHCPEnabled},
+    {"Description", read<String, String, &Endpoint::getDescription>},
+    {"OperationalStatus", read<unsigned short, UInt16, &Endpoint::getOperationalStatus>},
+    {"EnabledState", readEnabledState},
+    {"TimeOfLastStateChange", read<CIMDateTime, CIMDateTime, &Endpoint::getTimeOfLastStateChange>},
+    {"ProtocolIFType", read<unsigned short, UInt16, &Endpoint::getProtocolIFType>},
+    {"Speed", read<unsigned long long, UInt64, &Endpoint::getSpeed>},
+    // clang-format on
+};
+
+} // namespace
+
+const cim::PropertyTable<ORX_LANEndpoint, int> endpointProperties(rows);
