@@ -5,6 +5,11 @@
 namespace lanctl::model
 {
 
+bool isInterface(std::string_view name)
+{
+    return std::find(interfaceNames.begin(), interfaceNames.end(), name) != interfaceNames.end();
+}
+
 Kind kindOf(std::string_view object)
 {
     if (object == lanObject)

@@ -2,6 +2,7 @@
 // here.
 #pragma once
 
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -11,6 +12,10 @@ namespace lanctl::model
 /// Objects as users name them: an endpoint by its interface, and these two.
 constexpr std::string_view lanObject = "lan";
 constexpr std::string_view markingObject = "marking";
+
+/// The interfaces that every such server has.
+constexpr std::array<std::string_view, 3> interfaceNames{"eth0", "eth1", "eth2"};
+bool isInterface(std::string_view name);
 
 enum class Kind { Endpoint, Setting, Marking };
 

@@ -1,0 +1,35 @@
+// Where the server is: a URL such as http://127.0.0.1:5988/root/cimv2, whose path is the CIM namespace.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace lanctl::wire
+{
+
+class BadServerAddress : public std::runtime_error
+{
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+struct ServerAddress {
+    std::string scheme; // "http" or "https"
+    std::string host;   // without the brackets of an IPv6 address
+    std::string port;
+    std::string cimNamespace;
+
+    /// Of the HTTP requests.
+    std::string requestUrl() const;
+    /// As a user would write it: "127.0.0.1:5988".
+    std::string hostAndPort() const;
+    /// Whether it is this machine, which no proxy can reach.
+    bool isLoopback() const;
+};
+
+/// Without scheme it is http; without port 5988, or 5989 for https; without path root/cimv2. Throws
+/// BadServerAddress; a user or password has no place in it, as every user of the machine sees the command
+/// line.
+ServerAddress parseServerAddress(const std::string& url);
+
+} // namespace lanctl::wire
