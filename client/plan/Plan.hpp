@@ -30,6 +30,10 @@ struct Impact {
     int voiceMessagingStops = 0; // stopped at once; a script in the server's background starts it again
     int dhcpServiceNotices = 0;
     int elementManagementNotices = 0;
+    // These interrupt nothing.
+    int hostsTableRewrites = 0;
+    int resolverFileRewrites = 0;
+    int defaultRouteMoves = 0;
 
     Impact& operator+=(const Impact& other);
     bool none() const;
@@ -42,6 +46,7 @@ struct Refusal {
     std::string text;
     std::string identifier; // "LAN_ERROR_domainNameBadFormat", or empty
     bool byServer = true;   // false: a rule of this client alone
+    std::string why;        // a sentence about this very value
 };
 
 /// Something worth knowing before one agrees: no effect, or an effect that nobody expects.
@@ -71,7 +76,15 @@ struct Plan {
 };
 
 /// Compares the server's state with the wanted one. Planning again from the state that is read back tells
-/// what the server did not take: its changes are what still differs.
-Plan plan(const model::ServerState& current, const model::WantedState& wanted);
+/// what the server did not take: its changes are what still differs. Interfaces are changed in an order in
+/// which their networks do not overlap on the way; the one with the address `reachedAt` goes last where that
+/// is possible.
+Plan plan(const model::ServerState& current, const model::WantedState& wanted,
+          const std::string& reachedAt = "");
+
+/// The same with the requests even where something is refused: what the server would be sent if nobody asked
+/// this client.
+Plan uncheckedPlan(const model::ServerState& current, const model::WantedState& wanted,
+                   const std::string& reachedAt = "");
 
 } // namespace lanctl::plan

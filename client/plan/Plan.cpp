@@ -1,0 +1,130 @@
+#include "plan/Plan.hpp"
+
+#include "plan/Objects.hpp"
+
+#include <algorithm>
+
+namespace lanctl::plan
+{
+
+namespace
+{
+
+template <typename T>
+void append(std::vector<T>& to, const std::vector<T>& from)
+{
+    to.insert(to.end(), from.begin(), from.end());
+}
+
+void append(Plan& to, const Plan& from)
+{
+    append(to.changes, from.changes);
+    append(to.refusals, from.refusals);
+    append(to.notes, from.notes);
+    append(to.requests, from.requests);
+    for (const std::string& warning : from.warnings)
+        if (std::find(to.warnings.begin(), to.warnings.end(), warning) == to.warnings.end())
+            to.warnings.push_back(warning);
+}
+
+/// Plans the interfaces one after the other, each from the state that those before it leave.
+class EndpointSequence
+{
+  public:
+    EndpointSequence(const model::ServerState& current, const model::WantedState& wanted,
+                     const std::string& reachedAt)
+        : state_(current), waiting_(wanted.endpoints)
+    {
+        std::stable_partition(waiting_.begin(), waiting_.end(), [&](const model::WantedEndpoint& endpoint) {
+            const model::Endpoint* now = state_.endpoint(endpoint.name);
+            return now == nullptr || now->ipAddress != reachedAt;
+        });
+    }
+
+    Plan make()
+    {
+        // What is taken now is never in another one's way later, or the networks overlap in the end, too.
+        while (takeNext()) {
+        }
+        for (const model::WantedEndpoint& refused : waiting_)
+            append(plan_, planEndpoint(state_, refused));
+        return std::move(plan_);
+    }
+
+  private:
+    bool takeNext()
+    {
+        for (auto next = waiting_.begin(); next != waiting_.end(); ++next) {
+            const Plan plan = planEndpoint(state_, *next);
+            if (!plan.refusals.empty())
+                continue;
+            append(plan_, plan);
+            leave(*next);
+            waiting_.erase(next);
+            return true;
+        }
+        return false;
+    }
+
+    void leave(const model::WantedEndpoint& wanted)
+    {
+        for (model::Endpoint& endpoint : state_.endpoints)
+            if (endpoint.name == wanted.name)
+                endpoint = changed(endpoint, wanted);
+    }
+
+    model::ServerState state_;
+    std::vector<model::WantedEndpoint> waiting_;
+    Plan plan_;
+};
+
+} // namespace
+
+Impact& Impact::operator+=(const Impact& other)
+{
+    interfaceRestarts += other.interfaceRestarts;
+    voiceMessagingRestarts += other.voiceMessagingRestarts;
+    voiceMessagingStops += other.voiceMessagingStops;
+    dhcpServiceNotices += other.dhcpServiceNotices;
+    elementManagementNotices += other.elementManagementNotices;
+    hostsTableRewrites += other.hostsTableRewrites;
+    resolverFileRewrites += other.resolverFileRewrites;
+    defaultRouteMoves += other.defaultRouteMoves;
+    return *this;
+}
+
+bool Impact::none() const
+{
+    return interfaceRestarts == 0 && voiceMessagingRestarts == 0 && voiceMessagingStops == 0 &&
+           dhcpServiceNotices == 0 && elementManagementNotices == 0 && hostsTableRewrites == 0 &&
+           resolverFileRewrites == 0 && defaultRouteMoves == 0;
+}
+
+Impact Plan::impact() const
+{
+    Impact sum;
+    for (const Request& request : requests)
+        sum += request.impact;
+    return sum;
+}
+
+Plan uncheckedPlan(const model::ServerState& current, const model::WantedState& wanted,
+                   const std::string& reachedAt)
+{
+    // The interfaces last: a change of theirs may cut the connection.
+    Plan result;
+    append(result, planMarking(current.marking, wanted.marking));
+    append(result, planSetting(current.setting, wanted.setting));
+    append(result, EndpointSequence(current, wanted, reachedAt).make());
+    return result;
+}
+
+Plan plan(const model::ServerState& current, const model::WantedState& wanted, const std::string& reachedAt)
+{
+    Plan result = uncheckedPlan(current, wanted, reachedAt);
+    if (!result.refusals.empty())
+        result.requests.clear();
+    return result;
+}
+
+} // namespace lanctl::plan
