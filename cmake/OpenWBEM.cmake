@@ -1,4 +1,43 @@
 # Target kv_openwbem: OpenWBEM's C++ provider interface, from an installation (OPENWBEM_ROOT) or from the stand-in.
+
+# kv_repair_openwbem_header(HEADER DIRECTORY RESULT): OW_SharedLibraryReference.hpp of an unmodified installation lacks a keyword
+# without which no compiler of today takes it. Where it does, DIRECTORY gets a copy with the keyword, and RESULT is that
+# directory; otherwise RESULT is empty. Nothing in the installation is changed.
+function(kv_repair_openwbem_header header directory result)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
+  file(READ ${header} text)
+  string(REPLACE "m_obj.cast_to<U>()" "m_obj.template cast_to<U>()" repaired "${text}")
+  if(repaired STREQUAL text)
+    set(${result} "" PARENT_SCOPE)
+    return()
+  endif()
+  # Written only when it differs, or else each configuration would be followed by a compilation of everything.
+  cmake_path(GET header FILENAME name)
+  set(copy ${directory}/${name})
+  set(present "")
+  if(EXISTS ${copy})
+    file(READ ${copy} present)
+  endif()
+  if(NOT repaired STREQUAL present)
+    file(WRITE ${copy} "${repaired}")
+  endif()
+  set(${result} ${directory} PARENT_SCOPE)
+endfunction()
+
+# kv_check_openwbem_header(HEADER INCLUDE_DIRECTORIES): ends the configuration if the header does not compile.
+function(kv_check_openwbem_header header directories)
+  cmake_path(GET header FILENAME name)
+  set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+  list(TRANSFORM directories PREPEND -isystem OUTPUT_VARIABLE options)
+  try_compile(compiles
+    SOURCE_FROM_CONTENT include.cpp "#include <OW_vector.hpp>\n#include <${name}>\n"
+    COMPILE_DEFINITIONS ${options}
+    CXX_STANDARD 17 OUTPUT_VARIABLE output NO_CACHE)
+  if(NOT compiles)
+    message(FATAL_ERROR "${header} does not compile, repaired or not:\n${output}")
+  endif()
+endfunction()
+
 if(NOT OPENWBEM_ROOT)
   add_subdirectory(${CMAKE_SOURCE_DIR}/standins/openwbem)
   return()
@@ -8,7 +47,7 @@ block()
   # All headers that the provider and the interface's conformance test include, so that none is missed only by the compiler.
   file(GLOB_RECURSE including CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/src/*.cpp ${CMAKE_SOURCE_DIR}/src/*.hpp ${CMAKE_SOURCE_DIR}/tests/unit/openwbem/*Conformance.cpp)
-  set(headers OW_config.h)
+  set(headers OW_config.h OW_vector.hpp OW_SharedLibraryReference.hpp)
   foreach(source IN LISTS including)
     file(STRINGS ${source} lines REGEX "^#include <OW_")
     list(TRANSFORM lines REPLACE "^#include <([^>]+)>.*" "\\1")
@@ -51,9 +90,24 @@ block()
     message(FATAL_ERROR "OPENWBEM_ROOT=${OPENWBEM_ROOT} is no development installation of OpenWBEM 3.0.3:${problems}")
   endif()
 
+  set(header ${include_directory}/OW_SharedLibraryReference.hpp)
+  kv_repair_openwbem_header(${header} ${CMAKE_BINARY_DIR}/openwbem-repaired repaired_directory)
+  kv_check_openwbem_header(${header} "${repaired_directory};${include_directory}")
+  if(repaired_directory)
+    message(STATUS "OpenWBEM: using a repaired copy of ${header}")
+  else()
+    message(STATUS "OpenWBEM: ${header} needs no repair")
+  endif()
+
   add_library(kv_openwbem INTERFACE)
-  target_include_directories(kv_openwbem SYSTEM INTERFACE ${include_directory})
+  target_include_directories(kv_openwbem SYSTEM INTERFACE ${repaired_directory} ${include_directory})
+  # The headers include one another from their own folder, so that the repaired copy only counts where it comes before all of
+  # them. Before it comes what declares the copying of vectors, which arrays of plain types need.
+  target_compile_options(kv_openwbem INTERFACE
+    "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-include OW_vector.hpp -include OW_SharedLibraryReference.hpp>")
   target_link_libraries(kv_openwbem INTERFACE ${libraries})
+  # The folder in which a program of the build tree finds these libraries is to serve for those that they need in turn.
+  target_link_options(kv_openwbem INTERFACE LINKER:--disable-new-dtags)
   # getLogger() without a name is deprecated in late headers and the only one that early headers have.
   target_compile_options(kv_openwbem INTERFACE -Wno-deprecated-declarations)
 endblock()

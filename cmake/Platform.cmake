@@ -10,6 +10,11 @@ endif()
 if(KV_PLATFORM_LIBRARIES)
   add_library(kv_platform INTERFACE)
   target_link_libraries(kv_platform INTERFACE kv_platform_interface ${KV_PLATFORM_LIBRARIES})
+elseif(OPENWBEM_ROOT AND NOT KV_ALLOW_UNRESOLVED)
+  message(FATAL_ERROR
+    "KV_PLATFORM_LIBRARIES is empty. A function that the object manager's process cannot resolve keeps the library from being "
+    "loaded, and OpenWBEM 3.0.3 ends at the first request to such a library. Name the server's own libraries, or set "
+    "KV_ALLOW_UNRESOLVED=ON if the process brings their functions along.")
 elseif(NOT OPENWBEM_ROOT AND NOT CMAKE_CROSSCOMPILING)
   add_subdirectory(${CMAKE_SOURCE_DIR}/standins/platform)
 else()

@@ -1,7 +1,6 @@
 #include "lansetting/ResolverImage.hpp"
 
 #include <OW_Array.hpp>
-#include <OW_CommonFwd.hpp>
 
 namespace
 {

@@ -19,23 +19,57 @@ PREFIX = ROOT / "build/openwbem-prefix"
 BUILD = ROOT / "build/openwbem-target"
 WRONG_BUILD = ROOT / "build/openwbem-wrong"
 
+REPAIRED = "openwbem-repaired/OW_SharedLibraryReference.hpp"
+
+# What the stand-in's headers have otherwise: a call that lacks a keyword, and the declaration that has to be seen before all
+# else, so that its absence is noticed.
+FLAW = """    template <class U>
+    void castTo(T const& m_obj) const
+    {
+        m_obj.cast_to<U>();
+    }
+"""
+FIRST_HEADER = """#ifndef OW_VECTOR_HPP_
+#define OW_VECTOR_HPP_
+#include "OW_config.h"
+#include <vector>
+#endif
+"""
+NOT_FIRST = """#ifndef OW_VECTOR_HPP_
+#error "included before OW_vector.hpp"
+#endif
+"""
+
 LIBRARIES = ["openwbem", "owprovider", "owcppprovifc"]
 PLATFORM_LIBRARIES = ["kvu", "kvnet"]
 
 
-def make_library(path, source="/dev/null"):
-    subprocess.run(["powerpc-linux-gnu-g++", "-shared", "-fPIC", f"-I{ROOT}/interfaces/platform",
-                    f"-Wl,-soname,{path.name}", "-o", path, "-x", "c++", source], check=True)  # fmt: skip
+def make_library(path, *sources, libraries=()):
+    """A library of sources or object files that needs the named ones beside it."""
+    subprocess.run(["powerpc-linux-gnu-g++", "-shared", "-fPIC", f"-I{ROOT}/interfaces/platform", f"-Wl,-soname,{path.name}",
+                    "-o", path, *sources, f"-L{path.parent}", "-Wl,--no-as-needed", *(f"-l{name}" for name in libraries)],
+                   check=True)  # fmt: skip
 
 
-def make_prefix(prefix, headers="include/openwbem", library=RELEASE / "standins/openwbem/libopenwbem.so"):
+def make_prefix(prefix):
     shutil.rmtree(prefix, ignore_errors=True)
-    shutil.copytree(ROOT / "standins/openwbem/include", prefix / headers)
+    include = prefix / "include/openwbem"
+    shutil.copytree(ROOT / "standins/openwbem/include", include)
+    (include / "OW_vector.hpp").write_text(FIRST_HEADER)
+    change(include / "OW_config.h", lambda text: NOT_FIRST + text)
+    change(include / "OW_SharedLibraryReference.hpp", lambda text: text.replace("  public:\n", "  public:\n" + FLAW, 1))
     (prefix / "lib").mkdir()
-    shutil.copy2(library, prefix / "lib")
-    for name in LIBRARIES[1:]:
-        make_library(prefix / f"lib/lib{name}.so")
+    make_library(prefix / "lib/libowprovider.so")
+    make_library(prefix / "lib/libowcppprovifc.so")
+    # As in an installation, one library needs another one, which those who link with it do not name.
+    make_library(prefix / "lib/libowneeded.so")
+    objects = RELEASE / "standins/openwbem/CMakeFiles/kv_openwbem.dir/src"
+    make_library(prefix / "lib/libopenwbem.so", *objects.glob("*.o"), libraries=["owneeded"])
     return prefix
+
+
+def change(file, how):
+    file.write_text(how(file.read_text()))
 
 
 def configure(build, prefix, *options):
@@ -56,6 +90,21 @@ def build():
     assert configured.returncode == 0, configured.stderr
     subprocess.run(["cmake", "--build", BUILD, "-j", str(os.cpu_count()), "--target", "LANProvider", "unit_openwbem"], check=True)
     return BUILD
+
+
+def test_the_flawed_header_is_repaired_in_the_build_tree_and_nowhere_else(build):
+    original = (PREFIX / "include/openwbem/OW_SharedLibraryReference.hpp").read_text()
+    assert original.count("m_obj.cast_to<U>()") == 1
+    assert (build / REPAIRED).read_text() == original.replace("m_obj.cast_to<U>()", "m_obj.template cast_to<U>()")
+
+
+def test_everything_that_uses_the_interface_sees_the_vectors_and_the_repaired_header_first(build):
+    rules = (build / "build.ninja").read_text()
+    blocks = [block for block in rules.split("\n\n") if f"-isystem {PREFIX}/include/openwbem" in block]
+    assert blocks
+    for block in blocks:
+        assert "-include OW_vector.hpp -include OW_SharedLibraryReference.hpp" in block
+        assert f"-isystem {build}/openwbem-repaired -isystem {PREFIX}/include/openwbem" in block
 
 
 def needed(file):
@@ -105,7 +154,8 @@ def test_an_empty_prefix_lacks_the_first_header_and_all_libraries(tmp_path):
     ]
 
 
-@pytest.mark.parametrize("header", ["OW_CppInstanceProviderIFC.hpp", "OW_CIMValue.hpp", "OW_String.hpp"])
+@pytest.mark.parametrize("header", ["OW_vector.hpp", "OW_SharedLibraryReference.hpp", "OW_CppInstanceProviderIFC.hpp",
+                                    "OW_CIMValue.hpp", "OW_String.hpp"])  # fmt: skip
 def test_a_missing_header_is_named(prefix, header):
     (prefix / "include/openwbem" / header).unlink()
     assert problems_of(prefix) == [f"no header {header} in {prefix}/include/openwbem"]
@@ -117,16 +167,55 @@ def test_a_missing_library_is_named(prefix, name):
     assert problems_of(prefix) == [f"no library {name} in {prefix}/lib"]
 
 
+def configured_without_tests(prefix):
+    shutil.rmtree(WRONG_BUILD, ignore_errors=True)
+    return configure(WRONG_BUILD, prefix, "-DBUILD_TESTING=OFF", "-DKV_ALLOW_UNRESOLVED=ON")
+
+
+def test_a_header_that_compiles_is_left_alone(prefix):
+    header = prefix / "include/openwbem/OW_SharedLibraryReference.hpp"
+    change(header, lambda text: text.replace("m_obj.cast_to<U>()", "m_obj.template cast_to<U>()"))
+    configured = configured_without_tests(prefix)
+    assert configured.returncode == 0, configured.stderr
+    assert f"OpenWBEM: {header} needs no repair" in configured.stdout
+    assert not (WRONG_BUILD / REPAIRED).exists()
+    assert f"-isystem {prefix}/include/openwbem" in (WRONG_BUILD / "build.ninja").read_text()
+
+
+def test_a_repaired_copy_is_told_and_not_written_again(prefix):
+    configured = configured_without_tests(prefix)
+    assert configured.returncode == 0, configured.stderr
+    assert f"OpenWBEM: using a repaired copy of {prefix}/include/openwbem/OW_SharedLibraryReference.hpp" in configured.stdout
+    written = (WRONG_BUILD / REPAIRED).stat().st_mtime_ns
+    assert configure(WRONG_BUILD, prefix).returncode == 0
+    assert (WRONG_BUILD / REPAIRED).stat().st_mtime_ns == written
+
+
+def test_a_header_that_does_not_compile_even_so_is_named(prefix):
+    header = prefix / "include/openwbem/OW_SharedLibraryReference.hpp"
+    change(header, lambda text: text.replace("m_obj.cast_to<U>()", "m_obj.cast_to<U >()"))
+    configured = configured_without_tests(prefix)
+    assert configured.returncode != 0
+    assert f"{header} does not compile" in " ".join(configured.stderr.split())
+
+
+def test_a_build_without_the_servers_libraries_has_to_be_asked_for(prefix):
+    shutil.rmtree(WRONG_BUILD, ignore_errors=True)
+    configured = configure(WRONG_BUILD, prefix, "-DBUILD_TESTING=OFF")
+    assert configured.returncode != 0
+    assert "KV_PLATFORM_LIBRARIES is empty." in configured.stderr and "KV_ALLOW_UNRESOLVED=ON" in configured.stderr
+
+
 def test_another_version_is_refused(prefix):
     config = prefix / "include/openwbem/OW_config.h"
-    config.write_text(config.read_text().replace('"3.0.3"', '"3.1.0"'))
+    change(config, lambda text: text.replace('"3.0.3"', '"3.1.0"'))
     assert problems_of(prefix) == ['OW_config.h does not define OW_VERSION as "3.0.3"']
 
 
 def test_headers_may_lie_directly_in_include(prefix):
     for header in (prefix / "include/openwbem").iterdir():
         header.rename(prefix / "include" / header.name)
-    configured = configure(WRONG_BUILD, prefix, "-DBUILD_TESTING=OFF")
+    configured = configured_without_tests(prefix)
     assert configured.returncode == 0, configured.stderr
     assert re.search(rf"-isystem {re.escape(str(prefix))}/include$", (WRONG_BUILD / "build.ninja").read_text(), re.MULTILINE)
 
