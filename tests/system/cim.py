@@ -1,5 +1,7 @@
 """Clients of the object manager on the disposable server: the distribution's wbemcli, and hand-made CIM-XML (DMTF DSP0200)."""
 import json
+import os
+import pathlib
 import re
 import shlex
 import xml.etree.ElementTree as ElementTree
@@ -7,6 +9,9 @@ import xml.etree.ElementTree as ElementTree
 from cim_xml import (cim_headers, create_instance, delete_instance, enumerate_instance_names, enumerate_instances, extrinsic_call,
                      get_instance, intrinsic_call, message, modify_instance)
 from server import CHECKOUT, RUN, Server
+
+BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
+LIBRARY_DIRS = {"plain": BUILD / "src", "serialising": BUILD / "src/serialising"}
 
 # Posts the body that comes on standard input; prints the answer's body.
 POST = """
@@ -28,10 +33,11 @@ class CIMError(Exception):
 
 
 class ManagedServer(Server):
-    """A disposable server with the object manager running on it."""
+    """A disposable server with the object manager running on it, and in that one variant of the library."""
 
-    def __init__(self):
-        super().__init__(run=(RUN, CHECKOUT / "standins/server/with-object-manager"))
+    def __init__(self, variant="plain"):
+        environment = os.environ | {"KV_LIBRARY_DIR": str(LIBRARY_DIRS[variant])}
+        super().__init__(run=(RUN, CHECKOUT / "standins/server/with-object-manager"), environment=environment)
         self.events_seen = 0
 
     def wbemcli(self, *arguments):

@@ -27,10 +27,24 @@ def server():
         yield started
 
 
+def pytest_configure(config):
+    config.addinivalue_line("markers", "both_variants: runs with the plain library and with the serialising one")
+
+
+def pytest_generate_tests(metafunc):
+    """KV_LIBRARY_VARIANT chooses the variant that all tests run with."""
+    if "managed" not in metafunc.fixturenames:
+        return
+    variants = [os.environ.get("KV_LIBRARY_VARIANT", "plain")]
+    if metafunc.definition.get_closest_marker("both_variants"):
+        variants = ["plain", "serialising"]
+    metafunc.parametrize("managed", variants, indirect=True)
+
+
 @pytest.fixture
-def managed():
+def managed(request):
     """A server with the object manager on it, the provider initialised, the events of all this passed over."""
-    with ManagedServer() as started:
+    with ManagedServer(request.param) as started:
         started.names("ORX_LANEndpoint")
         started.events()
         yield started

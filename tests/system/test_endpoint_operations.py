@@ -34,6 +34,7 @@ def test_names_the_three_interfaces_in_order(managed):
     assert managed.names(CLASS) == [(CLASS, keys_of(f"eth{number}")) for number in range(3)]
 
 
+@pytest.mark.both_variants
 def test_enumerates_the_interfaces_with_complete_names(managed):
     found = managed.instances(CLASS)
     assert [name for name, _ in found] == [(CLASS, keys_of(f"eth{number}")) for number in range(3)]
@@ -42,6 +43,7 @@ def test_enumerates_the_interfaces_with_complete_names(managed):
     assert [instance.values["DefaultGateway"] for _, instance in found] == ["", "10.0.0.1", ""]
 
 
+@pytest.mark.both_variants
 def test_reads_an_interface_with_every_property_in_its_type(managed):
     instance = managed.get(CLASS, ETH1_KEYS)
     assert instance.types == PROPERTIES
@@ -68,6 +70,7 @@ def test_a_read_changes_nothing(managed):
     assert managed.events() == []
 
 
+@pytest.mark.both_variants
 def test_refuses_a_name_that_no_interface_has(managed):
     for name in ("eth3", "customer lan", ""):
         with pytest.raises(CIMError) as caught:
@@ -84,6 +87,7 @@ def test_refuses_a_path_without_a_name(managed):
     assert (caught.value.code, caught.value.description) == (6, "requested object could not be found")
 
 
+@pytest.mark.both_variants
 def test_a_new_address_reaches_kernel_files_and_services(managed):
     managed.get(CLASS, ETH1_KEYS)
     managed.events()
@@ -193,6 +197,7 @@ def test_a_refused_value_changes_nothing_and_is_logged(managed, values, text):
     assert text in managed.manager_log()
 
 
+@pytest.mark.both_variants
 def test_an_mtu_that_the_kernel_refuses_is_said_to_be_so(managed):
     managed.sh("ip link delete eth2")
     with pytest.raises(CIMError) as caught:

@@ -31,6 +31,7 @@ def stored(managed):
     return [line[len(prefix):] for line in managed.events() if line.startswith(prefix)]
 
 
+@pytest.mark.both_variants
 def test_names_enumerates_and_reads_the_one_object(managed):
     assert managed.names(CLASS) == [(CLASS, KEYS)]
     [(name, enumerated)] = managed.instances(CLASS)
@@ -41,6 +42,7 @@ def test_names_enumerates_and_reads_the_one_object(managed):
     assert read.values["KLonKLEnabled"] == "false" and read.values["videoMediaVisible"] == "1"
 
 
+@pytest.mark.both_variants
 def test_a_marking_is_stored_and_noted(managed):
     managed.get(CLASS, KEYS)
     managed.events()
@@ -74,6 +76,7 @@ def test_an_echo_of_all_properties_changes_nothing(managed):
     assert managed.get(CLASS, KEYS).values == before.values
 
 
+@pytest.mark.both_variants
 def test_markings_survive_a_restart_of_the_object_manager(managed):
     change(managed, QoSMarkVOIPSignaling=258, TOSByteSignaling=46)
     managed.sh("pkill -x kv-cimom; while (exec 3<>/dev/tcp/127.0.0.1/5988) 2>/dev/null; do sleep 0.05; done")
@@ -98,6 +101,7 @@ def test_nothing_of_it_goes_to_the_object_managers_log(managed):
     assert "#101#" not in managed.manager_log()
 
 
+@pytest.mark.both_variants
 def test_objects_are_created_and_deleted_in_memory(managed):
     managed.get(CLASS, KEYS)
     managed.events()
@@ -109,6 +113,7 @@ def test_objects_are_created_and_deleted_in_memory(managed):
     assert managed.names(CLASS) == [(CLASS, KEYS)]
 
 
+@pytest.mark.both_variants
 def test_a_creation_that_fails_leaves_no_object(managed):
     values = {"Name": ("string", "x"), "EnabledDefault": ("uint16", "2")}
     assert failure(managed.create, CLASS, values) == (1, "general error (#101#)")

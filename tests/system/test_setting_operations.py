@@ -28,6 +28,7 @@ def test_names_the_one_instance_with_an_empty_identifier(managed):
     assert managed.names(CLASS) == [(CLASS, {"InstanceID": ""})]
 
 
+@pytest.mark.both_variants
 def test_enumerates_and_reads_the_one_instance(managed):
     [(name, enumerated)] = managed.instances(CLASS)
     assert name == (CLASS, KEYS)
@@ -37,6 +38,7 @@ def test_enumerates_and_reads_the_one_instance(managed):
     assert set(read.types.values()) == {"string", "boolean"}
 
 
+@pytest.mark.both_variants
 def test_a_new_domain_reaches_host_table_and_resolver_file(managed):
     managed.get(CLASS, KEYS)
     managed.events()
@@ -85,6 +87,7 @@ def test_an_echo_of_all_properties_changes_nothing(managed):
                       "/etc/resolv.conf /etc/hosts /kv/etc") == files
 
 
+@pytest.mark.both_variants
 def test_a_bad_domain_is_refused(managed):
     for name in ("", "1st.example", "-a", "under_score", "a;reboot", "a b", "a\nb", "\u00e9"):
         assert failure(change, managed, "DomainName", name) == (
@@ -112,6 +115,7 @@ def test_a_host_that_cannot_be_looked_up_fails_the_read(managed):
     assert "Error getting host info. Error code is: " in managed.manager_log()
 
 
+@pytest.mark.both_variants
 def test_the_router_is_reset_where_there_is_one(managed):
     assert failure(managed.invoke, CLASS, KEYS, "ResetRouter") == (
         1, "general error (No router attached#LAN_ERROR_noRouterAttached#)")
