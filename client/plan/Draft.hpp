@@ -6,7 +6,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace lanctl::plan
@@ -15,10 +14,8 @@ namespace lanctl::plan
 class Draft
 {
   public:
-    using Keys = std::vector<std::pair<std::string, std::string>>;
-
-    /// `keys` are the object's key properties; every request carries them.
-    Draft(std::string object, std::string_view className, Keys keys);
+    /// `name` is what the server finds the object by; every request carries its keys as properties.
+    Draft(std::string object, wire::InstanceName name);
 
     /// A value that is not as wanted; it goes out with `send`.
     void change(const model::Key& key, std::string from, std::string to);
@@ -34,7 +31,7 @@ class Draft
     /// Ends the request; what is sent next goes into another one. A request without a property is none.
     void endRequest();
 
-    bool sendsNothing() const { return sent_.empty(); }
+    bool sendsNothing() const { return m_sent.empty(); }
     bool sends(std::string_view property) const;
 
     /// The plan, with the requests even where something is refused. `warnings` are the server's own.
@@ -43,12 +40,11 @@ class Draft
   private:
     void warn(const model::ImpactWarnings& warnings);
 
-    std::string object_;
-    std::string className_;
-    Keys keys_;
-    Plan plan_;
-    std::vector<wire::Property> sent_; // by the request under way
-    Impact impact_;                    // of the request under way
+    std::string m_object;
+    wire::InstanceName m_name;
+    Plan m_plan;
+    std::vector<wire::Property> m_sent; // by the request under way
+    Impact m_impact;                    // of the request under way
 };
 
 /// "on" or "off", as users write a switch.

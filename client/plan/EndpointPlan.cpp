@@ -1,3 +1,4 @@
+#include "model/FromCim.hpp"
 #include "plan/Draft.hpp"
 #include "plan/Objects.hpp"
 #include "plan/Rules.hpp"
@@ -26,12 +27,8 @@ class EndpointDraft
 {
   public:
     EndpointDraft(const model::ServerState& current, const Endpoint& now, const WantedEndpoint& wanted)
-        : current_(current), now_(now), wanted_(wanted), then_(changed(now, wanted)),
-          draft_(now.name, model::classes::endpoint,
-                 {{"SystemCreationClassName", now.systemCreationClassName},
-                  {"SystemName", now.systemName},
-                  {"CreationClassName", now.creationClassName},
-                  {"Name", now.name}})
+        : m_current(current), m_now(now), m_wanted(wanted), m_then(changed(now, wanted)),
+          m_draft(now.name, model::nameOf(now))
     {
     }
 
@@ -51,15 +48,15 @@ class EndpointDraft
 
     bool sendsAddresses() const
     {
-        return draft_.sends("IPAddress") || draft_.sends("SubnetMask") || draft_.sends("DefaultGateway");
+        return m_draft.sends("IPAddress") || m_draft.sends("SubnetMask") || m_draft.sends("DefaultGateway");
     }
-    int dhcpServiceNotice() const { return now_.name == internalLan ? 0 : 1; }
+    int dhcpServiceNotice() const { return m_now.name == internalLan ? 0 : 1; }
 
-    const model::ServerState& current_;
-    const Endpoint& now_;
-    const WantedEndpoint& wanted_;
-    const Endpoint then_;
-    Draft draft_;
+    const model::ServerState& m_current;
+    const Endpoint& m_now;
+    const WantedEndpoint& m_wanted;
+    const Endpoint m_then;
+    Draft m_draft;
 };
 
 Plan EndpointDraft::make()
@@ -69,41 +66,41 @@ Plan EndpointDraft::make()
     compareMtu();
     compareDhcp();
     compareAddresses();
-    if (!draft_.sendsNothing())
+    if (!m_draft.sendsNothing())
         judge();
     noteOrder();
     noteDhcp();
     noteAddress();
     noteGateway();
-    return draft_.finish(now_.warnings);
+    return m_draft.finish(m_now.warnings);
 }
 
 void EndpointDraft::compareMtu()
 {
-    if (then_.mtu == now_.mtu)
+    if (m_then.mtu == m_now.mtu)
         return;
     const model::Key& key = keyOf("mtu");
-    draft_.change(key, std::to_string(now_.mtu), std::to_string(then_.mtu));
-    draft_.send(key.property, key.type, std::to_string(then_.mtu));
+    m_draft.change(key, std::to_string(m_now.mtu), std::to_string(m_then.mtu));
+    m_draft.send(key.property, key.type, std::to_string(m_then.mtu));
 }
 
 void EndpointDraft::compareDhcp()
 {
-    const bool to = wanted_.dhcp.value_or(now_.dhcp);
-    if (to == now_.dhcp)
+    const bool to = m_wanted.dhcp.value_or(m_now.dhcp);
+    if (to == m_now.dhcp)
         return;
     const model::Key& key = keyOf("dhcp");
-    if (now_.name == internalLan) {
-        draft_.changeWithoutEffect(key, switchText(now_.dhcp), switchText(to),
-                                   "The server never switches DHCP on eth0.");
+    if (m_now.name == internalLan) {
+        m_draft.changeWithoutEffect(key, switchText(m_now.dhcp), switchText(to),
+                                    "The server never switches DHCP on eth0.");
         return;
     }
-    draft_.change(key, switchText(now_.dhcp), switchText(to));
-    draft_.send(key.property, key.type, booleanValue(to));
+    m_draft.change(key, switchText(m_now.dhcp), switchText(to));
+    m_draft.send(key.property, key.type, booleanValue(to));
     Impact cost;
     cost.dhcpServiceNotices = 1;
     cost.voiceMessagingStops = to ? 1 : 0;
-    draft_.cost(cost);
+    m_draft.cost(cost);
 }
 
 void EndpointDraft::compareText(std::string_view keyName, const std::string& from,
@@ -112,15 +109,15 @@ void EndpointDraft::compareText(std::string_view keyName, const std::string& fro
     if (to.value_or(from) == from)
         return;
     const model::Key& key = keyOf(keyName);
-    if (then_.dhcp) {
-        draft_.changeWithoutEffect(
+    if (m_then.dhcp) {
+        m_draft.changeWithoutEffect(
             key, from, *to, "The server ignores this while the interface takes its address from DHCP.");
         return;
     }
-    draft_.change(key, from, *to);
-    draft_.send(key.property, key.type, *to);
+    m_draft.change(key, from, *to);
+    m_draft.send(key.property, key.type, *to);
     cost.dhcpServiceNotices = dhcpServiceNotice();
-    draft_.cost(cost);
+    m_draft.cost(cost);
 }
 
 void EndpointDraft::compareAddresses()
@@ -130,55 +127,55 @@ void EndpointDraft::compareAddresses()
     restart.voiceMessagingRestarts = 1;
     Impact address = restart;
     address.elementManagementNotices = 1;
-    address.hostsTableRewrites = now_.name == customerLan ? 1 : 0;
+    address.hostsTableRewrites = m_now.name == customerLan ? 1 : 0;
     Impact gateway;
     gateway.hostsTableRewrites = 1;
     gateway.defaultRouteMoves = 1;
-    compareText("address", now_.ipAddress, wanted_.ipAddress, address);
-    compareText("mask", now_.subnetMask, wanted_.subnetMask, restart);
-    compareText("gateway", now_.defaultGateway, wanted_.defaultGateway, gateway);
+    compareText("address", m_now.ipAddress, m_wanted.ipAddress, address);
+    compareText("mask", m_now.subnetMask, m_wanted.subnetMask, restart);
+    compareText("gateway", m_now.defaultGateway, m_wanted.defaultGateway, gateway);
 }
 
 void EndpointDraft::judge()
 {
-    if (draft_.sends("MaxDataSize"))
-        if (auto found = judgeMtu(then_.mtu))
-            draft_.refuse(*found);
-    if (draft_.sends("isDhcpEnabled") && then_.dhcp)
-        if (auto found = judgeDhcp(now_))
-            draft_.refuse(*found);
-    if (then_.dhcp)
+    if (m_draft.sends("MaxDataSize"))
+        if (auto found = judgeMtu(m_then.mtu))
+            m_draft.refuse(*found);
+    if (m_draft.sends("isDhcpEnabled") && m_then.dhcp)
+        if (auto found = judgeDhcp(m_now))
+            m_draft.refuse(*found);
+    if (m_then.dhcp)
         return;
-    if (auto found = judgeAddresses(then_, current_)) {
+    if (auto found = judgeAddresses(m_then, m_current)) {
         if (!sendsAddresses())
             found->why = "The server checks the address with every change of the interface. " + found->why;
-        draft_.refuse(*found);
+        m_draft.refuse(*found);
     }
 }
 
 void EndpointDraft::noteOrder()
 {
-    const bool atOnce = draft_.sends("MaxDataSize") || draft_.sends("isDhcpEnabled");
+    const bool atOnce = m_draft.sends("MaxDataSize") || m_draft.sends("isDhcpEnabled");
     if (atOnce && sendsAddresses())
-        draft_.note("",
-                    "The server changes MTU and DHCP first and keeps them even if it then refuses the rest.");
-    if (draft_.sends("IPAddress") && draft_.sends("SubnetMask"))
-        draft_.note("", "Address and mask are applied one after the other, each with a restart.");
+        m_draft.note(
+            "", "The server changes MTU and DHCP first and keeps them even if it then refuses the rest.");
+    if (m_draft.sends("IPAddress") && m_draft.sends("SubnetMask"))
+        m_draft.note("", "Address and mask are applied one after the other, each with a restart.");
 }
 
 void EndpointDraft::noteDhcp()
 {
-    if (!draft_.sends("isDhcpEnabled"))
+    if (!m_draft.sends("isDhcpEnabled"))
         return;
-    if (then_.dhcp)
-        draft_.note("dhcp",
-                    "The address will be the one that the DHCP server gives. Voice messaging stays stopped "
-                    "until a script in the server's background has asked for it.");
+    if (m_then.dhcp)
+        m_draft.note("dhcp",
+                     "The address will be the one that the DHCP server gives. Voice messaging stays stopped "
+                     "until a script in the server's background has asked for it.");
     else
-        draft_.note("dhcp",
-                    "The interface keeps the address that it has now, but for what is changed beside.");
-    if (!then_.dhcp && now_.defaultGateway.empty() && !draft_.sends("DefaultGateway"))
-        draft_.note(
+        m_draft.note("dhcp",
+                     "The interface keeps the address that it has now, but for what is changed beside.");
+    if (!m_then.dhcp && m_now.defaultGateway.empty() && !m_draft.sends("DefaultGateway"))
+        m_draft.note(
             "dhcp",
             "The server stores this interface's gateway as its default gateway. There is none, so the "
             "stored one is deleted; name the gateway in the same change to keep it.");
@@ -186,32 +183,32 @@ void EndpointDraft::noteDhcp()
 
 void EndpointDraft::noteAddress()
 {
-    if (!draft_.sends("IPAddress") && !draft_.sends("SubnetMask"))
+    if (!m_draft.sends("IPAddress") && !m_draft.sends("SubnetMask"))
         return;
-    if (isBroadcast(then_.ipAddress, then_.subnetMask))
-        draft_.note("address",
-                    "This is the broadcast address of its network. The server takes it all the same.");
+    if (isBroadcast(m_then.ipAddress, m_then.subnetMask))
+        m_draft.note("address",
+                     "This is the broadcast address of its network. The server takes it all the same.");
 }
 
 void EndpointDraft::noteGateway()
 {
-    const bool sent = draft_.sends("DefaultGateway");
-    if (sent && now_.name != customerLan)
-        draft_.note("gateway",
-                    "The server has one default gateway. It is reached through eth1 and read there; here it "
-                    "always reads empty. Set it on eth1.");
-    if (sent && then_.defaultGateway.empty())
-        draft_.note("gateway", "Without a gateway the server reaches its own networks only.");
-    if (now_.name == customerLan && sendsAddresses() && !then_.defaultGateway.empty() &&
-        !reaches(then_.ipAddress, then_.subnetMask, then_.defaultGateway))
-        draft_.note("gateway", "The gateway " + then_.defaultGateway + " is outside of " +
-                                   networkText(then_.ipAddress, then_.subnetMask) +
-                                   ". The server takes that, and may be left without a default route.");
+    const bool sent = m_draft.sends("DefaultGateway");
+    if (sent && m_now.name != customerLan)
+        m_draft.note("gateway",
+                     "The server has one default gateway. It is reached through eth1 and read there; here it "
+                     "always reads empty. Set it on eth1.");
+    if (sent && m_then.defaultGateway.empty())
+        m_draft.note("gateway", "Without a gateway the server reaches its own networks only.");
+    if (m_now.name == customerLan && sendsAddresses() && !m_then.defaultGateway.empty() &&
+        !reaches(m_then.ipAddress, m_then.subnetMask, m_then.defaultGateway))
+        m_draft.note("gateway", "The gateway " + m_then.defaultGateway + " is outside of " +
+                                    networkText(m_then.ipAddress, m_then.subnetMask) +
+                                    ". The server takes that, and may be left without a default route.");
 }
 
 Plan unknown(const std::string& name)
 {
-    Draft draft(name, model::classes::endpoint, {});
+    Draft draft(name, {});
     draft.refuse(unknownInterface(name));
     return draft.finish({});
 }

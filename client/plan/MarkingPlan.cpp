@@ -1,3 +1,4 @@
+#include "model/FromCim.hpp"
 #include "plan/Draft.hpp"
 #include "plan/Objects.hpp"
 
@@ -22,11 +23,7 @@ class MarkingDraft
 {
   public:
     MarkingDraft(const Marking& now, const WantedMarking& wanted)
-        : now_(now), wanted_(wanted), draft_(std::string(model::markingObject), model::classes::marking,
-                                             {{"SystemCreationClassName", now.systemCreationClassName},
-                                              {"SystemName", now.systemName},
-                                              {"CreationClassName", now.creationClassName},
-                                              {"Name", now.name}})
+        : m_now(now), m_wanted(wanted), m_draft(std::string(model::markingObject), model::nameOf(now))
     {
     }
 
@@ -38,10 +35,10 @@ class MarkingDraft
     void notePreset(Flow flow, const Mark& preset);
     void send(const model::Key& key, const Mark& from, const Mark& to);
 
-    const Marking& now_;
-    const WantedMarking& wanted_;
-    bool switched_ = false; // KLonKLEnabled changes: all flows get its presets first
-    Draft draft_;
+    const Marking& m_now;
+    const WantedMarking& m_wanted;
+    bool m_switched = false; // KLonKLEnabled changes: all flows get its presets first
+    Draft m_draft;
 };
 
 Plan MarkingDraft::make()
@@ -49,61 +46,61 @@ Plan MarkingDraft::make()
     compareEnabled();
     for (const Flow flow : model::allFlows)
         compareFlow(flow);
-    return draft_.finish(now_.warnings);
+    return m_draft.finish(m_now.warnings);
 }
 
 /// In a request of its own: the presets replace the marks that come with it.
 void MarkingDraft::compareEnabled()
 {
-    const bool to = wanted_.enabled.value_or(now_.enabled);
-    if (to == now_.enabled)
+    const bool to = m_wanted.enabled.value_or(m_now.enabled);
+    if (to == m_now.enabled)
         return;
-    switched_ = true;
+    m_switched = true;
     const model::Key& key = keyOf("enabled");
-    draft_.change(key, switchText(now_.enabled), switchText(to));
-    draft_.send(key.property, key.type, booleanValue(to));
-    draft_.endRequest();
+    m_draft.change(key, switchText(m_now.enabled), switchText(to));
+    m_draft.send(key.property, key.type, booleanValue(to));
+    m_draft.endRequest();
 }
 
 void MarkingDraft::compareFlow(Flow flow)
 {
     const model::Key& key = keyOf(model::flowKey(flow));
-    const Mark now = now_.mark(flow);
-    const Mark then = wanted_.mark(flow).value_or(now);
+    const Mark now = m_now.mark(flow);
+    const Mark then = m_wanted.mark(flow).value_or(now);
     if (then != now)
-        draft_.change(key, model::markText(now), model::markText(then));
-    if (!switched_) {
+        m_draft.change(key, model::markText(now), model::markText(then));
+    if (!m_switched) {
         send(key, now, then);
         return;
     }
-    const Mark preset = model::presetMark(flow, *wanted_.enabled);
+    const Mark preset = model::presetMark(flow, *m_wanted.enabled);
     notePreset(flow, preset);
-    if (wanted_.mark(flow))
+    if (m_wanted.mark(flow))
         send(key, preset, then);
 }
 
 void MarkingDraft::notePreset(Flow flow, const Mark& preset)
 {
-    const Mark now = now_.mark(flow);
-    if (!wanted_.mark(flow) && now != preset)
-        draft_.note(model::flowKey(flow), "The change of \"enabled\" replaces this marking, " +
-                                              model::markText(now) + ", by its preset " +
-                                              model::markText(preset) + ".");
-    if (wanted_.mark(flow) && *wanted_.mark(flow) != preset)
-        draft_.note(model::flowKey(flow), "The change of \"enabled\" sets this marking to its preset " +
-                                              model::markText(preset) +
-                                              " first; a second request sets it as wanted.");
+    const Mark now = m_now.mark(flow);
+    if (!m_wanted.mark(flow) && now != preset)
+        m_draft.note(model::flowKey(flow), "The change of \"enabled\" replaces this marking, " +
+                                               model::markText(now) + ", by its preset " +
+                                               model::markText(preset) + ".");
+    if (m_wanted.mark(flow) && *m_wanted.mark(flow) != preset)
+        m_draft.note(model::flowKey(flow), "The change of \"enabled\" sets this marking to its preset " +
+                                               model::markText(preset) +
+                                               " first; a second request sets it as wanted.");
 }
 
 void MarkingDraft::send(const model::Key& key, const Mark& from, const Mark& to)
 {
     if (to.menu != from.menu)
-        draft_.send(key.property, key.type, std::to_string(to.menu));
+        m_draft.send(key.property, key.type, std::to_string(to.menu));
     // The TOS byte follows a menu value that is not the custom one.
     if (to.isCustom() && to.tosByte != from.tosByte)
-        draft_.send(key.companion, key.type, std::to_string(to.tosByte));
+        m_draft.send(key.companion, key.type, std::to_string(to.tosByte));
     if (from.isCustom() && !to.isCustom())
-        draft_.note(key.key, "The custom TOS byte is not kept: it follows the new marking.");
+        m_draft.note(key.key, "The custom TOS byte is not kept: it follows the new marking.");
 }
 
 } // namespace

@@ -33,10 +33,10 @@ class EndpointSequence
   public:
     EndpointSequence(const model::ServerState& current, const model::WantedState& wanted,
                      const std::string& reachedAt)
-        : state_(current), waiting_(wanted.endpoints)
+        : m_state(current), m_waiting(wanted.endpoints)
     {
-        std::stable_partition(waiting_.begin(), waiting_.end(), [&](const model::WantedEndpoint& endpoint) {
-            const model::Endpoint* now = state_.endpoint(endpoint.name);
+        std::stable_partition(m_waiting.begin(), m_waiting.end(), [&](const model::WantedEndpoint& endpoint) {
+            const model::Endpoint* now = m_state.endpoint(endpoint.name);
             return now == nullptr || now->ipAddress != reachedAt;
         });
     }
@@ -46,21 +46,21 @@ class EndpointSequence
         // What is taken now is never in another one's way later, or the networks overlap in the end, too.
         while (takeNext()) {
         }
-        for (const model::WantedEndpoint& refused : waiting_)
-            append(plan_, planEndpoint(state_, refused));
-        return std::move(plan_);
+        for (const model::WantedEndpoint& refused : m_waiting)
+            append(m_plan, planEndpoint(m_state, refused));
+        return std::move(m_plan);
     }
 
   private:
     bool takeNext()
     {
-        for (auto next = waiting_.begin(); next != waiting_.end(); ++next) {
-            const Plan plan = planEndpoint(state_, *next);
+        for (auto next = m_waiting.begin(); next != m_waiting.end(); ++next) {
+            const Plan plan = planEndpoint(m_state, *next);
             if (!plan.refusals.empty())
                 continue;
-            append(plan_, plan);
+            append(m_plan, plan);
             leave(*next);
-            waiting_.erase(next);
+            m_waiting.erase(next);
             return true;
         }
         return false;
@@ -68,14 +68,14 @@ class EndpointSequence
 
     void leave(const model::WantedEndpoint& wanted)
     {
-        for (model::Endpoint& endpoint : state_.endpoints)
+        for (model::Endpoint& endpoint : m_state.endpoints)
             if (endpoint.name == wanted.name)
                 endpoint = changed(endpoint, wanted);
     }
 
-    model::ServerState state_;
-    std::vector<model::WantedEndpoint> waiting_;
-    Plan plan_;
+    model::ServerState m_state;
+    std::vector<model::WantedEndpoint> m_waiting;
+    Plan m_plan;
 };
 
 } // namespace

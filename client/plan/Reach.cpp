@@ -25,12 +25,12 @@ bool isLoopback(const std::string& address)
 class Sent
 {
   public:
-    Sent(const Plan& plan, std::string object) : plan_(plan), object_(std::move(object)) {}
+    Sent(const Plan& plan, std::string object) : m_plan(plan), m_object(std::move(object)) {}
 
     const std::string* value(const std::string& property) const
     {
-        for (const Request& request : plan_.requests) {
-            if (request.object != object_)
+        for (const Request& request : m_plan.requests) {
+            if (request.object != m_object)
                 continue;
             const wire::Property* found = request.modification.instance.find(property);
             if (found != nullptr && found->value)
@@ -46,8 +46,8 @@ class Sent
     }
 
   private:
-    const Plan& plan_;
-    std::string object_;
+    const Plan& m_plan;
+    std::string m_object;
 };
 
 bool restartsAnything(const Plan& plan)

@@ -1,3 +1,4 @@
+#include "model/FromCim.hpp"
 #include "plan/Draft.hpp"
 #include "plan/Objects.hpp"
 #include "plan/Rules.hpp"
@@ -56,8 +57,7 @@ class SettingDraft
 {
   public:
     SettingDraft(const Setting& now, const WantedSetting& wanted)
-        : now_(now), wanted_(wanted),
-          draft_(std::string(model::lanObject), model::classes::setting, {{"InstanceID", now.instanceId}})
+        : m_now(now), m_wanted(wanted), m_draft(std::string(model::lanObject), model::nameOf(now))
     {
     }
 
@@ -72,54 +72,54 @@ class SettingDraft
     void noteOrder();
     void noteResolverFile();
 
-    const Setting& now_;
-    const WantedSetting& wanted_;
-    Draft draft_;
-    int sent_ = 0;
+    const Setting& m_now;
+    const WantedSetting& m_wanted;
+    Draft m_draft;
+    int m_sent = 0;
 };
 
 Plan SettingDraft::make()
 {
     compareDomain();
     compareNameServers();
-    compareSwitch("icmp-filter", now_.icmpFilter, wanted_.icmpFilter);
-    compareSwitch("arp-filter", now_.arpFilter, wanted_.arpFilter);
-    compareSwitch("broadcast-filter", now_.broadcastFilter, wanted_.broadcastFilter);
-    compareSwitch("conflict-watch", now_.conflictWatch, wanted_.conflictWatch);
+    compareSwitch("icmp-filter", m_now.icmpFilter, m_wanted.icmpFilter);
+    compareSwitch("arp-filter", m_now.arpFilter, m_wanted.arpFilter);
+    compareSwitch("broadcast-filter", m_now.broadcastFilter, m_wanted.broadcastFilter);
+    compareSwitch("conflict-watch", m_now.conflictWatch, m_wanted.conflictWatch);
     noteOrder();
     noteResolverFile();
-    return draft_.finish(now_.warnings);
+    return m_draft.finish(m_now.warnings);
 }
 
 void SettingDraft::send(const model::Key& key, const std::string& from, const std::string& to)
 {
-    draft_.change(key, from, to);
-    draft_.send(key.property, key.type, to);
-    ++sent_;
+    m_draft.change(key, from, to);
+    m_draft.send(key.property, key.type, to);
+    ++m_sent;
 }
 
 void SettingDraft::compareDomain()
 {
-    const std::string to = wanted_.domainName.value_or(now_.domainName);
-    if (to == now_.domainName)
+    const std::string to = m_wanted.domainName.value_or(m_now.domainName);
+    if (to == m_now.domainName)
         return;
-    send(keyOf("domain"), now_.domainName, to);
+    send(keyOf("domain"), m_now.domainName, to);
     Impact cost;
     cost.hostsTableRewrites = 1;
     cost.resolverFileRewrites = 1;
-    draft_.cost(cost);
+    m_draft.cost(cost);
     if (auto found = judgeDomain(to))
-        draft_.refuse(*found);
+        m_draft.refuse(*found);
     if (to.find("nameserver") != std::string::npos)
-        draft_.note("domain",
-                    "The server finds its name servers by the word \"nameserver\", which this domain holds. "
-                    "It will mistake the search line for one of them.");
+        m_draft.note("domain",
+                     "The server finds its name servers by the word \"nameserver\", which this domain holds. "
+                     "It will mistake the search line for one of them.");
 }
 
 void SettingDraft::compareNameServers()
 {
-    const NameServers now{now_.primaryDns, now_.secondaryDns};
-    const NameServers then{wanted_.primaryDns.value_or(now[0]), wanted_.secondaryDns.value_or(now[1])};
+    const NameServers now{m_now.primaryDns, m_now.secondaryDns};
+    const NameServers then{m_wanted.primaryDns.value_or(now[0]), m_wanted.secondaryDns.value_or(now[1])};
     const bool backwards =
         afterChange(now, then, inOrder) != then && afterChange(now, then, reversed) == then;
     const auto& order = backwards ? reversed : inOrder;
@@ -127,9 +127,9 @@ void SettingDraft::compareNameServers()
         compareNameServer(place, now, then);
     const NameServers read = afterChange(now, then, order);
     if (read != then)
-        draft_.note("dns1", "The first name server that there is counts as dns1: it will read " +
-                                (read[0].empty() ? "empty" : read[0]) + ", and dns2 " +
-                                (read[1].empty() ? "empty" : read[1]) + ".");
+        m_draft.note("dns1", "The first name server that there is counts as dns1: it will read " +
+                                 (read[0].empty() ? "empty" : read[0]) + ", and dns2 " +
+                                 (read[1].empty() ? "empty" : read[1]) + ".");
 }
 
 void SettingDraft::compareNameServer(std::size_t place, const NameServers& now, const NameServers& then)
@@ -140,9 +140,9 @@ void SettingDraft::compareNameServer(std::size_t place, const NameServers& now, 
     send(key, now.at(place), then.at(place));
     Impact cost;
     cost.resolverFileRewrites = 1;
-    draft_.cost(cost);
+    m_draft.cost(cost);
     if (auto found = judgeNameServer(std::string(key.key), then.at(place)))
-        draft_.refuse(*found);
+        m_draft.refuse(*found);
 }
 
 void SettingDraft::compareSwitch(std::string_view keyName, bool from, const std::optional<bool>& to)
@@ -150,21 +150,21 @@ void SettingDraft::compareSwitch(std::string_view keyName, bool from, const std:
     if (to.value_or(from) == from)
         return;
     const model::Key& key = keyOf(keyName);
-    draft_.change(key, switchText(from), switchText(*to));
-    draft_.send(key.property, key.type, booleanValue(*to));
-    ++sent_;
+    m_draft.change(key, switchText(from), switchText(*to));
+    m_draft.send(key.property, key.type, booleanValue(*to));
+    ++m_sent;
 }
 
 void SettingDraft::noteOrder()
 {
-    if (sent_ > 1)
-        draft_.note("", "The server applies these one by one and keeps those before one that it refuses.");
+    if (m_sent > 1)
+        m_draft.note("", "The server applies these one by one and keeps those before one that it refuses.");
 }
 
 void SettingDraft::noteResolverFile()
 {
-    if (draft_.sends("DomainName") || draft_.sends("PrimaryDNS") || draft_.sends("SecondaryDNS"))
-        draft_.note(
+    if (m_draft.sends("DomainName") || m_draft.sends("PrimaryDNS") || m_draft.sends("SecondaryDNS"))
+        m_draft.note(
             "", "The server rewrites its resolver file and keeps comments, the search line and name servers "
                 "only. Options and other lines are gone.");
 }
