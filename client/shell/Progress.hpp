@@ -1,0 +1,28 @@
+// What is waited for and for how long, on a terminal; nothing where errors go elsewhere.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+namespace lanctl::shell
+{
+
+class Progress
+{
+  public:
+    ~Progress() { end(); }
+
+    /// From now on this is waited for.
+    void begin(const std::string& what);
+    /// Shows the time that has passed. Quick answers are not worth a line.
+    void update();
+    /// Takes the line away.
+    void end();
+
+  private:
+    std::string m_what;
+    std::chrono::steady_clock::time_point m_since;
+    bool m_isShown = false;
+};
+
+} // namespace lanctl::shell

@@ -1,0 +1,81 @@
+#include "shell/StateJson.hpp"
+
+#include "model/Marking.hpp"
+
+#include <nlohmann/json.hpp>
+
+namespace lanctl::shell
+{
+
+namespace
+{
+
+using Json = nlohmann::ordered_json;
+
+/// 1 is true and 2 false in both state properties; null when the server could not tell.
+Json stateJson(const std::optional<std::uint16_t>& state)
+{
+    return state ? Json(*state == 1) : Json(nullptr);
+}
+
+Json endpointJson(const model::Endpoint& endpoint)
+{
+    return {{"name", endpoint.name},
+            {"description", endpoint.description},
+            {"up", stateJson(endpoint.enabledState)},
+            {"link", stateJson(endpoint.operationalStatus)},
+            {"speed", endpoint.speed},
+            {"address", endpoint.ipAddress},
+            {"mask", endpoint.subnetMask},
+            {"gateway", endpoint.defaultGateway},
+            {"dhcp", endpoint.dhcp},
+            {"mtu", endpoint.mtu},
+            {"mac", endpoint.macAddress}};
+}
+
+Json settingJson(const model::Setting& setting)
+{
+    return {{"domain", setting.domainName},
+            {"dns1", setting.primaryDns},
+            {"dns2", setting.secondaryDns},
+            {"icmp-filter", setting.icmpFilter},
+            {"arp-filter", setting.arpFilter},
+            {"broadcast-filter", setting.broadcastFilter},
+            {"conflict-watch", setting.conflictWatch},
+            {"router-card", setting.routerPresent}};
+}
+
+Json markJson(const model::Mark& mark)
+{
+    const auto name = model::dscpName(mark.effective());
+    return {
+        {"tos", mark.effective()}, {"dscp", name ? Json(*name) : Json(nullptr)}, {"custom", mark.isCustom()}};
+}
+
+Json markingJson(const model::Marking& marking)
+{
+    Json json{{"enabled", marking.enabled}};
+    for (const model::Flow flow : model::allFlows)
+        json[std::string(model::flowKey(flow))] = markJson(marking.mark(flow));
+    return json;
+}
+
+} // namespace
+
+std::string stateJson(const Shown& shown)
+{
+    Json json = Json::object();
+    if (!shown.endpoints.empty()) {
+        json["endpoints"] = Json::array();
+        for (const auto& endpoint : shown.endpoints)
+            json["endpoints"].push_back(endpointJson(endpoint));
+    }
+    if (shown.setting)
+        json["lan"] = settingJson(*shown.setting);
+    if (shown.marking)
+        json["marking"] = markingJson(*shown.marking);
+    // Everything beyond ASCII is escaped, so that nothing in it can steer a terminal.
+    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace lanctl::shell
