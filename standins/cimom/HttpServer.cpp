@@ -1,262 +1,220 @@
 #include "HttpServer.hpp"
 
+#include "Connection.hpp"
+#include "HttpSession.hpp"
+
 #include <arpa/inet.h>
+#include <cerrno>
 #include <chrono>
-#include <cstdarg>
-#include <cstdio>
-#include <cstdlib>
-#include <microhttpd.h>
+#include <condition_variable>
+#include <list>
+#include <mutex>
 #include <netinet/in.h>
 #include <stdexcept>
-#include <strings.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
 
 namespace cimom
 {
 namespace
 {
 
-using Clock = std::chrono::steady_clock;
-
-struct ResponseDeleter {
-    void operator()(MHD_Response* response) const { MHD_destroy_response(response); }
-};
-using Response = std::unique_ptr<MHD_Response, ResponseDeleter>;
-
-// One request from its first header to the end of its answer.
-struct Request {
-    bool isExtended = false; // M-POST
-    std::string body;
-    bool isTooLarge = false;
-    Clock::time_point begin = Clock::now();
-};
-
-void deleteString(void* text)
+sockaddr_storage parseAddress(const HttpOptions& options)
 {
-    delete static_cast<std::string*>(text);
-}
-
-// The body goes out from where it was built, in one write with the header.
-Response makeResponse(std::string&& body)
-{
-    auto kept = std::make_unique<std::string>(std::move(body));
-    Response response(MHD_create_response_from_buffer_with_free_callback_cls(kept->size(), kept->data(),
-                                                                             deleteString, kept.get()));
-    if (response) {
-        [[maybe_unused]] const std::string* handedOver = kept.release(); // to the response
-    }
-    return response;
-}
-
-void addHeader(const Response& response, const char* name, const std::string& value)
-{
-    MHD_add_response_header(response.get(), name, value.c_str());
-}
-
-const char* requestHeader(MHD_Connection* connection, const char* name)
-{
-    return MHD_lookup_connection_value(connection, MHD_HEADER_KIND, name);
-}
-
-bool isXml(const char* contentType)
-{
-    return strncasecmp(contentType, "application/xml", 15) == 0 ||
-           strncasecmp(contentType, "text/xml", 8) == 0;
-}
-
-struct ListenAddress {
-    sockaddr_storage storage{};
-    unsigned daemonFlags = 0;
-};
-
-ListenAddress parseAddress(const HttpOptions& options)
-{
-    ListenAddress result;
-    auto* v4 = reinterpret_cast<sockaddr_in*>(&result.storage);
-    auto* v6 = reinterpret_cast<sockaddr_in6*>(&result.storage);
+    sockaddr_storage result = {};
+    auto* v4 = reinterpret_cast<sockaddr_in*>(&result);
+    auto* v6 = reinterpret_cast<sockaddr_in6*>(&result);
     if (inet_pton(AF_INET, options.address.c_str(), &v4->sin_addr) == 1) {
         v4->sin_family = AF_INET;
         v4->sin_port = htons(options.port);
     } else if (inet_pton(AF_INET6, options.address.c_str(), &v6->sin6_addr) == 1) {
         v6->sin6_family = AF_INET6;
         v6->sin6_port = htons(options.port);
-        result.daemonFlags = MHD_USE_IPv6;
     } else {
         throw std::runtime_error("\"" + options.address + "\" is not a numeric IPv4 or IPv6 address");
     }
     return result;
 }
 
-} // namespace
-
-class HttpServer::Daemon
+// A socket that listens, or is just closed at its end.
+class ListeningSocket
 {
   public:
-    Daemon(const HttpOptions& options, Handler handler, Log log);
-    ~Daemon() { MHD_stop_daemon(m_daemon); }
-    Daemon(const Daemon&) = delete;
-    Daemon& operator=(const Daemon&) = delete;
+    explicit ListeningSocket(const HttpOptions& options);
+    ~ListeningSocket() { close(m_socket); }
+    ListeningSocket(const ListeningSocket&) = delete;
+    ListeningSocket& operator=(const ListeningSocket&) = delete;
 
-    std::uint16_t port() const { return MHD_get_daemon_info(m_daemon, MHD_DAEMON_INFO_BIND_PORT)->port; }
+    std::uint16_t port() const;
+    // The socket of a client, or -1. After stop() there are no more.
+    int accept() const { return accept4(m_socket, nullptr, nullptr, SOCK_CLOEXEC); }
+    void stop() const { shutdown(m_socket, SHUT_RDWR); }
 
   private:
-    static MHD_Result onAccess(void* self, MHD_Connection* connection, const char* url, const char* method,
-                               const char* version, const char* data, std::size_t* size, void** state);
-    static void onCompleted(void* self, MHD_Connection* connection, void** state,
-                            MHD_RequestTerminationCode code);
-    static void onLog(void* self, const char* format, va_list arguments)
-        __attribute__((format(printf, 2, 0)));
-
-    MHD_Result begin(MHD_Connection* connection, const char* method, void** state) const;
-    MHD_Result receive(Request& request, const char* data, std::size_t& size) const;
-    MHD_Result finish(MHD_Connection* connection, Request& request);
-    unsigned refusal(MHD_Connection* connection, const char* method) const;
-    MHD_Result refuse(MHD_Connection* connection, unsigned status) const;
-    void addMappingHeaders(const Response& response, bool isExtended);
-
-    HttpOptions m_options;
-    Handler m_handler;
-    Log m_log;
-    unsigned m_answers = 0;
-    MHD_Daemon* m_daemon = nullptr;
+    int m_socket;
 };
 
-HttpServer::Daemon::Daemon(const HttpOptions& options, Handler handler, Log log)
-    : m_options(options), m_handler(std::move(handler)), m_log(std::move(log))
+ListeningSocket::ListeningSocket(const HttpOptions& options)
 {
-    const ListenAddress address = parseAddress(options);
-    m_daemon = MHD_start_daemon(
-        MHD_USE_AUTO_INTERNAL_THREAD | MHD_USE_ERROR_LOG | address.daemonFlags, options.port, nullptr,
-        nullptr, &Daemon::onAccess, this, MHD_OPTION_EXTERNAL_LOGGER, &Daemon::onLog, this,
-        MHD_OPTION_NOTIFY_COMPLETED, &Daemon::onCompleted, this, MHD_OPTION_SOCK_ADDR,
-        reinterpret_cast<const sockaddr*>(&address.storage), MHD_OPTION_CONNECTION_TIMEOUT, options.timeout,
-        MHD_OPTION_CONNECTION_LIMIT, options.maxConnections, MHD_OPTION_END);
-    if (m_daemon == nullptr) {
+    const sockaddr_storage address = parseAddress(options);
+    m_socket = socket(address.ss_family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int on = 1;
+    setsockopt(m_socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    if (address.ss_family == AF_INET6) {
+        setsockopt(m_socket, IPPROTO_IPV6, IPV6_V6ONLY, &on, sizeof on);
+    }
+    if (bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 ||
+        listen(m_socket, SOMAXCONN) != 0) {
+        close(m_socket);
         throw std::runtime_error("cannot listen on " + options.address + " port " +
                                  std::to_string(options.port));
     }
 }
 
-MHD_Result HttpServer::Daemon::onAccess(void* self, MHD_Connection* connection, const char*,
-                                        const char* method, const char*, const char* data, std::size_t* size,
-                                        void** state)
+std::uint16_t ListeningSocket::port() const
 {
-    auto* daemon = static_cast<Daemon*>(self);
-    try {
-        if (*state == nullptr) {
-            return daemon->begin(connection, method, state);
+    sockaddr_storage address = {};
+    socklen_t size = sizeof address;
+    getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &size);
+    return ntohs(address.ss_family == AF_INET6 ? reinterpret_cast<const sockaddr_in6*>(&address)->sin6_port
+                                               : reinterpret_cast<const sockaddr_in*>(&address)->sin_port);
+}
+
+} // namespace
+
+// A thread accepts clients, and each client has a thread.
+class HttpServer::Clients
+{
+  public:
+    Clients(const HttpOptions& options, Handler handler, Log log);
+    ~Clients();
+    Clients(const Clients&) = delete;
+    Clients& operator=(const Clients&) = delete;
+
+    std::uint16_t port() const { return m_listening.port(); }
+
+  private:
+    struct Client {
+        explicit Client(int socket) : connection(socket) {}
+
+        Connection connection;
+        std::thread thread;
+        bool hasLeft = false;
+    };
+
+    void accept();
+    bool waitForRoom();
+    void waitAfterFailure();
+    void admit(int socket);
+    void forgetThoseWhoLeft();
+    void serve(Client& client);
+
+    const HttpOptions m_options;
+    const Handler m_handler;
+    const Log m_log;
+    const ListeningSocket m_listening;
+    std::mutex m_mutex; // of what follows
+    std::condition_variable m_changed;
+    std::list<Client> m_clients;
+    unsigned m_present = 0; // clients that have not left
+    bool m_isEnding = false;
+    std::thread m_acceptingThread; // the last member, so that it finds the others
+};
+
+HttpServer::Clients::Clients(const HttpOptions& options, Handler handler, Log log)
+    : m_options(options), m_handler(std::move(handler)), m_log(std::move(log)), m_listening(options),
+      m_acceptingThread([this] { accept(); })
+{
+}
+
+HttpServer::Clients::~Clients()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_isEnding = true;
+        m_changed.notify_all();
+    }
+    m_listening.stop();
+    m_acceptingThread.join();
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        for (Client& client : m_clients) {
+            client.connection.stopReading();
         }
-        Request& request = *static_cast<Request*>(*state);
-        return *size != 0 ? daemon->receive(request, data, *size) : daemon->finish(connection, request);
-    } catch (const std::exception& e) { // out of memory: give up this connection, not the server
-        daemon->m_log(std::string("request dropped: ") + e.what());
-        return MHD_NO;
+    }
+    for (Client& client : m_clients) { // the list stays as it is from here on
+        client.thread.join();
     }
 }
 
-void HttpServer::Daemon::onCompleted(void*, MHD_Connection*, void** state, MHD_RequestTerminationCode)
+void HttpServer::Clients::accept()
 {
-    delete static_cast<Request*>(*state);
-    *state = nullptr;
+    while (waitForRoom()) {
+        const int socket = m_listening.accept();
+        if (socket >= 0) {
+            admit(socket);
+        } else if (errno != EINTR && errno != ECONNABORTED) {
+            waitAfterFailure();
+        }
+    }
 }
 
-void HttpServer::Daemon::onLog(void* self, const char* format, va_list arguments)
+// False at the end.
+bool HttpServer::Clients::waitForRoom()
 {
-    auto* daemon = static_cast<Daemon*>(self);
-    char line[512];
-    std::vsnprintf(line, sizeof line, format, arguments);
-    const std::string text(line);
-    daemon->m_log("http: " + text.substr(0, text.find_last_not_of("\r\n") + 1));
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_isEnding || m_present < m_options.maxConnections; });
+    return !m_isEnding;
 }
 
-MHD_Result HttpServer::Daemon::begin(MHD_Connection* connection, const char* method, void** state) const
+// The process has run out of descriptors, say.
+void HttpServer::Clients::waitAfterFailure()
 {
-    if (const unsigned status = refusal(connection, method); status != 0) {
-        return refuse(connection, status);
-    }
-    auto request = std::make_unique<Request>();
-    request->isExtended = *method == 'M';
-    const char* length = requestHeader(connection, MHD_HTTP_HEADER_CONTENT_LENGTH);
-    request->body.reserve(length != nullptr ? std::strtoul(length, nullptr, 10) : 0);
-    *state = request.release();
-    return MHD_YES;
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait_for(lock, std::chrono::milliseconds(100), [this] { return m_isEnding; });
 }
 
-// The status to refuse a request with before its body is read, or 0.
-unsigned HttpServer::Daemon::refusal(MHD_Connection* connection, const char* method) const
+void HttpServer::Clients::admit(int socket)
 {
-    const std::string name(method);
-    if (name != "POST" && name != "M-POST") {
-        return MHD_HTTP_METHOD_NOT_ALLOWED;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    forgetThoseWhoLeft();
+    Client& client = m_clients.emplace_back(socket);
+    try {
+        client.thread = std::thread([this, &client] { serve(client); });
+        ++m_present;
+    } catch (const std::system_error& e) {
+        m_log(std::string("client dropped: ") + e.what());
+        m_clients.pop_back();
     }
-    const char* contentType = requestHeader(connection, MHD_HTTP_HEADER_CONTENT_TYPE);
-    if (contentType != nullptr && !isXml(contentType)) {
-        return MHD_HTTP_UNSUPPORTED_MEDIA_TYPE;
-    }
-    const char* length = requestHeader(connection, MHD_HTTP_HEADER_CONTENT_LENGTH);
-    if (length == nullptr) {
-        const bool isChunked = requestHeader(connection, MHD_HTTP_HEADER_TRANSFER_ENCODING) != nullptr;
-        return isChunked ? 0 : MHD_HTTP_LENGTH_REQUIRED;
-    }
-    return std::strtoull(length, nullptr, 10) > m_options.maxBody ? MHD_HTTP_CONTENT_TOO_LARGE : 0;
 }
 
-MHD_Result HttpServer::Daemon::refuse(MHD_Connection* connection, unsigned status) const
+void HttpServer::Clients::forgetThoseWhoLeft()
 {
-    const Response response = makeResponse({});
-    addHeader(response, MHD_HTTP_HEADER_CONNECTION, "close");
-    if (status == MHD_HTTP_METHOD_NOT_ALLOWED) {
-        addHeader(response, MHD_HTTP_HEADER_ALLOW, "POST, M-POST");
-    }
-    return MHD_queue_response(connection, status, response.get());
+    m_clients.remove_if([](Client& client) {
+        if (client.hasLeft) {
+            client.thread.join();
+        }
+        return client.hasLeft;
+    });
 }
 
-MHD_Result HttpServer::Daemon::receive(Request& request, const char* data, std::size_t& size) const
+void HttpServer::Clients::serve(Client& client)
 {
-    if (Clock::now() - request.begin > std::chrono::seconds(m_options.timeout)) {
-        return MHD_NO;
+    try {
+        HttpSession(client.connection, m_options, m_handler).run();
+    } catch (const std::exception& e) { // out of memory: give up this client, not the server
+        m_log(std::string("client dropped: ") + e.what());
     }
-    // The rest of an oversized chunked body is read and dropped: an answer can only follow its end.
-    request.isTooLarge = request.isTooLarge || request.body.size() + size > m_options.maxBody;
-    if (!request.isTooLarge) {
-        request.body.append(data, size);
-    }
-    size = 0;
-    return MHD_YES;
-}
-
-MHD_Result HttpServer::Daemon::finish(MHD_Connection* connection, Request& request)
-{
-    if (request.isTooLarge) {
-        return refuse(connection, MHD_HTTP_CONTENT_TOO_LARGE);
-    }
-    HttpAnswer answer = m_handler(request.body);
-    const bool isCim = answer.status == MHD_HTTP_OK;
-    const Response response = makeResponse(std::move(answer.body));
-    addHeader(response, MHD_HTTP_HEADER_CACHE_CONTROL, "no-cache");
-    if (isCim) {
-        addHeader(response, MHD_HTTP_HEADER_CONTENT_TYPE, "application/xml; charset=\"utf-8\"");
-        addMappingHeaders(response, request.isExtended);
-    } else if (!answer.cimError.empty()) {
-        addHeader(response, "CIMError", answer.cimError);
-    }
-    return MHD_queue_response(connection, answer.status, response.get());
-}
-
-// The headers of the CIM mapping carry a number of the server's choice in an answer to M-POST.
-void HttpServer::Daemon::addMappingHeaders(const Response& response, bool isExtended)
-{
-    if (!isExtended) {
-        addHeader(response, "CIMOperation", "MethodResponse");
-        return;
-    }
-    const std::string number = std::to_string(10 + m_answers++ % 90);
-    addHeader(response, "Ext", " "); // empty to a client; the library takes no empty value
-    addHeader(response, "Man", "http://www.dmtf.org/cim/mapping/http/v1.0 ; ns=" + number);
-    addHeader(response, (number + "-CIMOperation").c_str(), "MethodResponse");
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    client.connection.close();
+    client.hasLeft = true;
+    --m_present;
+    m_changed.notify_all();
 }
 
 HttpServer::HttpServer(const HttpOptions& options, Handler handler, Log log)
-    : m_daemon(std::make_unique<Daemon>(options, std::move(handler), std::move(log)))
+    : m_clients(std::make_unique<Clients>(options, std::move(handler), std::move(log)))
 {
 }
 
@@ -264,7 +222,7 @@ HttpServer::~HttpServer() = default;
 
 std::uint16_t HttpServer::port() const
 {
-    return m_daemon->port();
+    return m_clients->port();
 }
 
 } // namespace cimom

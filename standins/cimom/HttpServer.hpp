@@ -13,8 +13,8 @@ struct HttpOptions {
     std::string address = "127.0.0.1"; // numeric IPv4 or IPv6
     std::uint16_t port = 5988;         // 0: any free one
     std::size_t maxBody = 1 << 20;     // bytes of a request
-    unsigned timeout = 30;             // seconds: how long a connection may be silent, a body take to arrive
-    unsigned maxConnections = 256;     // more wait until one closes
+    unsigned timeout = 30; // seconds: for the silence between requests, for a header, a body, an answer
+    unsigned maxConnections = 256; // more wait until one closes
 };
 
 // What a request gets for an answer.
@@ -24,18 +24,17 @@ struct HttpAnswer {
     std::string body;     // CIM-XML; empty with a refusal
 };
 
-// Serves CIM-XML over HTTP, POST and M-POST on any path. Requests are read, handled and answered on one
-// thread of the server's own: handlers never run at the same time, and a client slow to send or to read holds
-// up nobody.
+// Serves CIM-XML over HTTP, POST and M-POST on any path. Each connection has a thread of its own: a client
+// slow to send or to read holds up nobody, and handlers run side by side.
 class HttpServer
 {
   public:
-    using Handler = std::function<HttpAnswer(const std::string& body)>; // must not throw
-    using Log = std::function<void(const std::string& line)>; // what the HTTP library complains about
+    using Handler = std::function<HttpAnswer(const std::string& body)>; // of any thread
+    using Log = std::function<void(const std::string& line)>;           // of any thread
 
     // Listens from here on. Throws std::runtime_error naming address and port when that is not possible.
     HttpServer(const HttpOptions& options, Handler handler, Log log);
-    // Ends once the request being handled is answered.
+    // Ends once the requests being handled are answered.
     ~HttpServer();
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
@@ -43,8 +42,8 @@ class HttpServer
     std::uint16_t port() const;
 
   private:
-    class Daemon;
-    std::unique_ptr<Daemon> m_daemon;
+    class Clients;
+    std::unique_ptr<Clients> m_clients;
 };
 
 } // namespace cimom

@@ -47,27 +47,38 @@ ClassView classView(const IntrinsicParameters& parameters)
 } // namespace
 
 const IntrinsicCalls::Method IntrinsicCalls::methods[] = {
-    {"GetInstance", &IntrinsicCalls::getInstance, true},
-    {"EnumerateInstances", &IntrinsicCalls::enumerateInstances, true},
-    {"EnumerateInstanceNames", &IntrinsicCalls::enumerateInstanceNames, true},
-    {"ModifyInstance", &IntrinsicCalls::modifyInstance, false},
-    {"CreateInstance", &IntrinsicCalls::createInstance, true},
-    {"DeleteInstance", &IntrinsicCalls::deleteInstance, false},
-    {"GetProperty", &IntrinsicCalls::getProperty, true},
-    {"SetProperty", &IntrinsicCalls::setProperty, false},
-    {"GetClass", &IntrinsicCalls::getClass, true},
-    {"EnumerateClasses", &IntrinsicCalls::enumerateClasses, true},
-    {"EnumerateClassNames", &IntrinsicCalls::enumerateClassNames, true},
-    {"EnumerateQualifiers", &IntrinsicCalls::enumerateQualifiers, true},
+    {"GetInstance", &IntrinsicCalls::getInstance, true, true},
+    {"EnumerateInstances", &IntrinsicCalls::enumerateInstances, true, true},
+    {"EnumerateInstanceNames", &IntrinsicCalls::enumerateInstanceNames, true, true},
+    {"ModifyInstance", &IntrinsicCalls::modifyInstance, false, false},
+    {"CreateInstance", &IntrinsicCalls::createInstance, true, false},
+    {"DeleteInstance", &IntrinsicCalls::deleteInstance, false, false},
+    {"GetProperty", &IntrinsicCalls::getProperty, true, true},
+    {"SetProperty", &IntrinsicCalls::setProperty, false, false},
+    {"GetClass", &IntrinsicCalls::getClass, true, true},
+    {"EnumerateClasses", &IntrinsicCalls::enumerateClasses, true, true},
+    {"EnumerateClassNames", &IntrinsicCalls::enumerateClassNames, true, true},
+    {"EnumerateQualifiers", &IntrinsicCalls::enumerateQualifiers, true, true},
 };
+
+const IntrinsicCalls::Method* IntrinsicCalls::find(const char* name)
+{
+    const auto* found = std::find_if(std::begin(methods), std::end(methods), [name](const Method& candidate) {
+        return strcasecmp(candidate.name, name) == 0;
+    });
+    return found != std::end(methods) ? found : nullptr;
+}
+
+bool IntrinsicCalls::isRead(const char* method)
+{
+    const Method* found = find(method);
+    return found != nullptr && found->isRead;
+}
 
 void IntrinsicCalls::perform(const XmlElement& call, std::string& xml)
 {
-    const char* name = call.attribute("NAME");
-    const auto* method =
-        std::find_if(std::begin(methods), std::end(methods),
-                     [name](const Method& candidate) { return strcasecmp(candidate.name, name) == 0; });
-    if (method == std::end(methods)) {
+    const Method* method = find(call.attribute("NAME"));
+    if (method == nullptr) {
         throw CIMException("IntrinsicCalls.cpp", __LINE__, CIMException::NOT_SUPPORTED);
     }
     const String nameSpace = readNameSpace(call);

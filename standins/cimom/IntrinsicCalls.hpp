@@ -18,6 +18,9 @@ class IntrinsicCalls
     {
     }
 
+    // Whether the method only reads, in any letter case.
+    static bool isRead(const char* method);
+
     // Appends the content of the call's IMETHODRESPONSE. Throws CIMException NOT_SUPPORTED for another
     // method, what reading parameters throws, and what the operation throws; the string may then have grown.
     void perform(const XmlElement& call, std::string& xml);
@@ -29,8 +32,10 @@ class IntrinsicCalls
         const char* name;
         Perform perform;
         bool returnsValue;
+        bool isRead;
     };
     static const Method methods[];
+    static const Method* find(const char* name); // null when it is not served
 
     void getInstance(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);
     void enumerateInstances(const XmlElement& call, const OpenWBEM::String& nameSpace, std::string& xml);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <mutex>
 
 namespace cimom
 {
@@ -52,7 +53,7 @@ std::vector<std::string> mofFiles(const std::string& path)
 ObjectManager::ObjectManager(const ObjectManagerOptions& options,
                              const ProviderEnvironmentIFCRef& environment)
     : m_loader(options.providerDirectories, environment), m_operations(m_repository, m_loader, environment),
-      m_intrinsicCalls(m_repository, m_operations)
+      m_intrinsicCalls(m_repository, m_operations), m_isParallel(options.isParallel)
 {
     for (const std::string& path : options.mof) {
         for (const std::string& file : mofFiles(path)) {
@@ -66,20 +67,30 @@ ObjectManager::ObjectManager(const ObjectManagerOptions& options,
 
 HttpAnswer ObjectManager::answer(const std::string& request)
 {
-    const std::lock_guard<std::mutex> lock(m_oneAtATime);
     HttpAnswer answer;
     try {
         const CimXmlMessage message(request);
         const char* element = message.isIntrinsic() ? "IMETHODRESPONSE" : "METHODRESPONSE";
         answer.body.reserve(8192);
         beginResponse(answer.body, message.id(), element, message.name());
-        performCall(message, answer.body);
+        performInTurn(message, answer.body);
         endResponse(answer.body, element);
     } catch (const RequestRefused& refusal) {
         answer.status = refusal.status();
         answer.cimError = refusal.what();
     }
     return answer;
+}
+
+void ObjectManager::performInTurn(const CimXmlMessage& message, std::string& xml)
+{
+    if (m_isParallel && message.isIntrinsic() && IntrinsicCalls::isRead(message.name())) {
+        const std::shared_lock<std::shared_mutex> besideOtherReads(m_turn);
+        performCall(message, xml);
+    } else {
+        const std::unique_lock<std::shared_mutex> alone(m_turn);
+        performCall(message, xml);
+    }
 }
 
 // An error takes the place of all that the call has produced.
@@ -120,8 +131,10 @@ void ObjectManager::performMethod(const CimXmlMessage& message, std::string& xml
 
 void ObjectManager::unloadIdle(std::chrono::seconds idle)
 {
-    const std::lock_guard<std::mutex> lock(m_oneAtATime);
-    m_loader.unloadIdle(idle);
+    const std::unique_lock<std::shared_mutex> alone(m_turn, std::try_to_lock);
+    if (alone) {
+        m_loader.unloadIdle(idle);
+    }
 }
 
 } // namespace cimom

@@ -8,7 +8,7 @@
 
 #include <chrono>
 #include <exception>
-#include <mutex>
+#include <shared_mutex>
 #include <string>
 #include <vector>
 
@@ -20,6 +20,7 @@ class CimXmlMessage;
 struct ObjectManagerOptions {
     std::vector<std::string> mof; // files, or directories of .mof files
     std::vector<std::string> providerDirectories;
+    bool isParallel = false; // reads run side by side, as in OpenWBEM
 };
 
 // The code and text of a CIM error.
@@ -31,8 +32,8 @@ struct CimFailure {
 // Whatever a provider or an operation threw, as the error that a client gets for it.
 CimFailure describe(const std::exception_ptr& thrown);
 
-// Classes, providers and the treatment of requests in one. May be used by several threads: one request runs
-// at a time.
+// Classes, providers and the treatment of requests in one. Several threads may ask for answers: one request
+// runs at a time. A parallel one runs reads side by side; a change or a method call runs alone.
 class ObjectManager
 {
   public:
@@ -47,9 +48,11 @@ class ObjectManager
     Operations& operations() { return m_operations; }
     const ClassRepository& repository() const { return m_repository; }
 
+    // Waits for no request: while one runs, nothing is unloaded.
     void unloadIdle(std::chrono::seconds idle);
 
   private:
+    void performInTurn(const CimXmlMessage& message, std::string& xml);
     void performCall(const CimXmlMessage& message, std::string& xml);
     void performMethod(const CimXmlMessage& message, std::string& xml);
 
@@ -57,7 +60,8 @@ class ObjectManager
     ProviderLoader m_loader;
     Operations m_operations;
     IntrinsicCalls m_intrinsicCalls;
-    std::mutex m_oneAtATime;
+    const bool m_isParallel;
+    std::shared_mutex m_turn; // a reader waits for a running writer only, not for a waiting one
 };
 
 } // namespace cimom

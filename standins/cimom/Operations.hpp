@@ -25,8 +25,8 @@ struct ReadOptions {
 };
 
 // The operations on instances: looks up the class, makes what the client sent fit it, and calls the provider
-// in OpenWBEM's order. All throw CIMException, and whatever the provider throws. Not for use by several
-// threads at a time.
+// in OpenWBEM's order. All throw CIMException, and whatever the provider throws. Threads may use them side by
+// side as far as the providers bear it.
 class Operations
 {
   public:

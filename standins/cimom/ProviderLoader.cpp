@@ -121,6 +121,7 @@ std::vector<std::string> ProviderLoader::inspect() const
 
 CppProviderBaseIFCRef ProviderLoader::provider(const std::string& id)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     CppProviderBaseIFCRef& kept = m_providers[id];
     if (!kept) {
         const CppProviderBaseIFCRef created = create(id, libraryOf(id));
@@ -137,6 +138,7 @@ CppProviderBaseIFCRef ProviderLoader::provider(const std::string& id)
 
 void ProviderLoader::unloadIdle(std::chrono::seconds idle)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     DateTime now;
     now.setToCurrent();
     for (auto& [id, kept] : m_providers) {

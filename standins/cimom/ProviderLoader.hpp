@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <map>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,8 @@ namespace cimom
 {
 
 // Loads provider libraries as OpenWBEM's loader does: provider X is lib<X>.so in one of the directories,
-// built against 3.0.3 (getOWVersion says so), and made by its function createProvider<X>.
+// built against 3.0.3 (getOWVersion says so), and made by its function createProvider<X>. Several threads may
+// ask for providers.
 class ProviderLoader
 {
   public:
@@ -36,6 +38,7 @@ class ProviderLoader
 
     std::vector<std::string> m_directories;
     OpenWBEM::ProviderEnvironmentIFCRef m_environment;
+    std::mutex m_mutex;                                                 // of the providers and their times
     std::map<std::string, OpenWBEM::CppProviderBaseIFCRef> m_providers; // loaded and initialized
 };
 

@@ -39,13 +39,18 @@ void declare(CLI::App& app, Options& options)
     app.add_option("--address", options.http.address, "numeric address to listen on")->capture_default_str();
     app.add_option("--port", options.http.port, "port to listen on, 0 for any free one")
         ->capture_default_str();
-    app.add_option("--max-body", options.http.maxBody, "largest request in bytes")->capture_default_str();
-    app.add_option("--timeout", options.http.timeout, "seconds until a silent or slow client is dropped")
+    app.add_option("--max-body", options.http.maxBody, "largest request in bytes")
+        ->check(CLI::Range(1, 1 << 30))
+        ->capture_default_str();
+    app.add_option("--timeout", options.http.timeout,
+                   "seconds for a header, a body, an answer, and for silence")
         ->check(CLI::Range(1, 86400))
         ->capture_default_str();
     app.add_option("--max-connections", options.http.maxConnections, "connections served at the same time")
         ->check(CLI::Range(1, 10000))
         ->capture_default_str();
+    app.add_flag("--parallel", options.objectManager.isParallel,
+                 "run reads side by side, as OpenWBEM does; without it one request at a time");
     app.add_option("--unload-after", options.unloadAfter,
                    "seconds after which an idle provider is unloaded, 0: never")
         ->capture_default_str();

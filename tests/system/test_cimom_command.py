@@ -75,6 +75,8 @@ def test_wrong_usage_is_an_error():
     assert run("--no-such-option").returncode == 64
     assert run("call").returncode == 64
     assert run("--log-level", "loud").returncode == 64
+    for limit in ("-1", "0", "1073741825"):
+        assert run("--max-body", limit).returncode == 64
     assert run("--help").returncode == 0
 
 

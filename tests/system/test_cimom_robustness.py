@@ -1,7 +1,7 @@
 """The object manager under requests that are none, slow clients and many clients."""
 import os
 import random
-import socket
+import select
 import threading
 import time
 
@@ -186,26 +186,36 @@ def test_more_connections_than_allowed_wait_for_their_turn():
 
 def test_slow_clients_are_dropped_after_the_timeout():
     with ObjectManager("--timeout", "1", "--log-level", "none") as manager:
-        with manager.connect() as head, manager.connect() as body, manager.connect() as idle, manager.connect() as dripping:
+        with manager.connect() as head, manager.connect() as body, manager.connect() as idle:
             head.sendall(b"POST /cimom HTTP/1.1\r\nHost:")
             body.sendall(post(get_port("port0"))[:-5])
             assert ask(idle, get_port("port0"))[0] == 200
-            assert drips_until_dropped(dripping, post(get_port("port0")))
-            for connection in (head, body, idle):
+            for connection in (head, body):
+                assert receive(connection)[0] == 408
                 assert connection.recv(1) == b""
+            assert idle.recv(1) == b""
 
 
-def drips_until_dropped(connection, request):
-    """Sends the body byte by byte, faster than the timeout of a silent client."""
-    begin = request.find(b"\r\n\r\n") + 4
-    connection.sendall(request[:begin])
-    deadline = time.monotonic() + 5
-    try:
-        for at in range(begin, len(request)):
+@pytest.mark.parametrize("first", [5, post(get_port("port0")).find(b"\r\n\r\n") + 4], ids=["header", "body"])
+def test_sending_a_byte_at_a_time_gains_no_time(first):
+    request = post(get_port("port0"))
+    with ObjectManager("--timeout", "1", "--log-level", "none") as manager, manager.connect() as connection:
+        connection.sendall(request[:first])
+        begun = time.monotonic()
+        for at in range(first, first + 20):  # four seconds, each byte well before a silent client is dropped
             connection.sendall(request[at:at + 1])
-            time.sleep(0.2)
-            if time.monotonic() > deadline:
-                return False
-    except (ConnectionError, socket.timeout):
-        return True
-    return False
+            if select.select([connection], [], [], 0.2)[0]:
+                break
+        assert 0.5 < time.monotonic() - begun < 3
+        assert receive(connection)[0] == 408
+
+
+def test_who_does_not_read_the_answer_is_dropped():
+    with ObjectManager("--timeout", "1", "--log-level", "none") as manager:
+        descriptors = manager.descriptors()
+        with manager.connect() as connection:
+            connection.setblocking(False)
+            with pytest.raises(BlockingIOError):
+                while True:
+                    connection.send(post(intrinsic("EnumerateQualifiers")))
+            assert manager.wait_for_descriptors(descriptors) <= descriptors

@@ -1,6 +1,7 @@
 #include "HttpServer.hpp"
 #include "RawClient.hpp"
 
+#include <future>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
@@ -138,8 +139,56 @@ TEST_F(Http, BodiesBeyondTheLimitAreRefusedBeforeTheyArrive)
 {
     EXPECT_EQ(reply(post(std::string(1000, 'x'))).status, 200);
     EXPECT_EQ(reply(post(std::string(1001, 'x'))).status, 413);
-    EXPECT_EQ(reply("POST / HTTP/1.1\r\nHost: x\r\nContent-Length: 99999999999999999999\r\n\r\n").status,
-              413);
+    EXPECT_EQ(reply("POST / HTTP/1.1\r\nHost: x\r\nContent-Length: 9999999999\r\n\r\n").status, 413);
+    EXPECT_EQ(
+        reply("POST / HTTP/1.1\r\nHost: x\r\nExpect: 100-continue\r\nContent-Length: 1001\r\n\r\n").status,
+        413);
+}
+
+TEST_F(Http, WhoSendsAnOversizedBodyToItsEndStillReadsTheRefusal)
+{
+    EXPECT_EQ(reply(post(std::string(20000000, 'x'))).status, 413);
+}
+
+TEST_F(Http, ABadContentLengthIsAnsweredOnce)
+{
+    for (const char* length : {"abc", "-1", "1 1", "99999999999999999999", "1\r\nContent-Length: 2"}) {
+        RawClient client(server.port());
+        client.send(std::string("POST / HTTP/1.1\r\nHost: x\r\nContent-Length: ") + length + "\r\n\r\nb");
+        EXPECT_EQ(client.receive().status, 400) << length;
+        EXPECT_EQ(client.receive().status, 0) << length;
+    }
+}
+
+TEST_F(Http, WhoAsksWhetherToContinueIsTold)
+{
+    RawClient client(server.port());
+    client.send("POST / HTTP/1.1\r\nHost: x\r\nExpect: 100-continue\r\nContent-Length: 1\r\n\r\n");
+    client.waitFor("HTTP/1.1 100 Continue\r\n\r\n");
+    client.send("b");
+    EXPECT_EQ(client.receive().body, "b");
+}
+
+TEST_F(Http, TheConnectionEndsWhenTheClientWantsIt)
+{
+    RawClient client(server.port());
+    client.send(post("b", "Connection: close\r\n"));
+    EXPECT_EQ(client.receive().header("connection"), "close");
+    EXPECT_TRUE(client.waitForEnd());
+    EXPECT_EQ(reply("POST / HTTP/1.0\r\nContent-Length: 1\r\n\r\nb").header("connection"), "close");
+}
+
+TEST_F(Http, EmptyLinesBetweenRequestsAreIgnored)
+{
+    RawClient client(server.port());
+    client.send("\r\n\r\n" + post("one") + "\r\n" + post("two"));
+    EXPECT_EQ(client.receive().body, "one");
+    EXPECT_EQ(client.receive().body, "two");
+}
+
+TEST_F(Http, AHeaderThatDoesNotEndIsRefused)
+{
+    EXPECT_EQ(reply("POST / HTTP/1.1\r\nX: " + std::string(100000, 'x')).status, 431);
 }
 
 TEST_F(Http, AnOversizedBodyInChunksIsRefusedAtItsEnd)
@@ -173,6 +222,63 @@ TEST_F(Http, SilentConnectionsHoldUpNobody)
     for (const auto& client : clients) {
         EXPECT_EQ(client->receive().body, "c");
     }
+}
+
+TEST_F(Http, AFullHouseThatLeavesAtOnceMakesRoomAtOnce)
+{
+    HttpOptions small = options();
+    small.maxConnections = 4;
+    const HttpServer smallServer(small, echo, [](const std::string&) {});
+    for (int round = 0; round < 20; ++round) {
+        std::vector<std::unique_ptr<RawClient>> house;
+        for (unsigned i = 0; i < small.maxConnections; ++i) {
+            house.push_back(std::make_unique<RawClient>(smallServer.port()));
+            house.back()->send(post("b"));
+        }
+        for (const auto& client : house) {
+            EXPECT_EQ(client->receive().body, "b");
+        }
+        RawClient late(smallServer.port());
+        late.send(post("late"));
+        house.clear();
+        EXPECT_EQ(late.receive().body, "late");
+    }
+}
+
+TEST_F(Http, AHandlerAtWorkHoldsUpNobody)
+{
+    std::promise<void> release;
+    const auto handler = [released = release.get_future().share()](const std::string& body) {
+        if (body == "long") {
+            released.wait();
+        }
+        return echo(body);
+    };
+    const HttpServer busy(options(), handler, [](const std::string&) {});
+    RawClient patient(busy.port());
+    patient.send(post("long"));
+    RawClient other(busy.port());
+    other.send(post("short"));
+    EXPECT_EQ(other.receive().body, "short");
+    release.set_value();
+    EXPECT_EQ(patient.receive().body, "long");
+}
+
+TEST_F(Http, TheEndWaitsForTheRequestThatIsHandled)
+{
+    std::promise<void> entered;
+    const auto handler = [&entered](const std::string& body) {
+        entered.set_value();
+        return echo(body);
+    };
+    auto ending = std::make_unique<HttpServer>(options(), handler, [](const std::string&) {});
+    RawClient silent(ending->port());
+    RawClient client(ending->port());
+    client.send(post("b"));
+    entered.get_future().wait();
+    ending.reset();
+    EXPECT_EQ(client.receive().body, "b");
+    EXPECT_TRUE(silent.waitForEnd());
 }
 
 TEST_F(Http, ATakenPortIsReported)

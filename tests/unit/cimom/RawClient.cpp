@@ -150,6 +150,16 @@ HttpReply RawClient::receive()
     return reply.status == 100 ? receive() : reply;
 }
 
+void RawClient::waitFor(const std::string& bytes)
+{
+    while (m_received.size() < bytes.size() && more()) {
+    }
+    if (m_received.compare(0, bytes.size(), bytes) != 0) {
+        throw std::runtime_error("the server says something else: " + m_received);
+    }
+    m_received.erase(0, bytes.size());
+}
+
 bool RawClient::waitForEnd()
 {
     while (more()) {

@@ -32,6 +32,8 @@ class RawClient
     void endSending(); // the server sees the end of the stream
     // The next response, up to its end or to the end of the connection.
     HttpReply receive();
+    // Takes exactly these bytes off what arrives; they must come next.
+    void waitFor(const std::string& bytes);
     // Reads on to the end of the connection; false when the server does not close it within five seconds.
     bool waitForEnd();
 

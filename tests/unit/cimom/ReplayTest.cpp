@@ -77,8 +77,8 @@ const NotImitated notImitated[] = {
     {429, 429, "only POST and M-POST are served"},
     {432, 433, "only POST and M-POST are served"},
     {434, 434, malformed},
-    {444, 444, "a request line of one word ends the connection without an answer"},
     {445, 445, "HTTP 400, as there is no version in the request line"},
+    {447, 447, "lines of an HTTP header end in CR LF"},
     {460, 461, notServed},
 };
 

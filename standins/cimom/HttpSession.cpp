@@ -1,0 +1,190 @@
+#include "HttpSession.hpp"
+
+#include <boost/asio/error.hpp>
+#include <boost/beast/core/error.hpp>
+#include <boost/beast/core/string.hpp>
+#include <boost/beast/http/error.hpp>
+#include <boost/beast/http/read.hpp>
+#include <boost/beast/http/status.hpp>
+#include <ctime>
+#include <string>
+
+namespace cimom
+{
+
+namespace http = boost::beast::http;
+using boost::beast::iequals;
+using boost::beast::string_view;
+
+namespace
+{
+
+const std::uint32_t longestHeader = 32768;
+
+unsigned number(http::status status)
+{
+    return static_cast<unsigned>(status);
+}
+
+// What a client gets whose request could not be read, or 0 when it has left.
+unsigned statusFor(const boost::system::error_code& error)
+{
+    if (error == boost::beast::error::timeout) {
+        return number(http::status::request_timeout);
+    }
+    if (error == http::error::body_limit) {
+        return number(http::status::payload_too_large);
+    }
+    if (error == http::error::header_limit) {
+        return number(http::status::request_header_fields_too_large);
+    }
+    if (error == http::error::bad_version) {
+        return number(http::status::http_version_not_supported);
+    }
+    const bool isHttp = error.category() == make_error_code(http::error::bad_method).category();
+    const bool hasLeft = error == http::error::end_of_stream || error == http::error::partial_message;
+    return isHttp && !hasLeft ? number(http::status::bad_request) : 0;
+}
+
+bool isXml(string_view contentType)
+{
+    return iequals(contentType.substr(0, 15), "application/xml") ||
+           iequals(contentType.substr(0, 8), "text/xml");
+}
+
+bool isExtended(string_view method)
+{
+    return method == "M-POST";
+}
+
+// The status to refuse a request with before its body is read, or 0.
+template <class Parser>
+unsigned refusal(const Parser& parser)
+{
+    const auto& request = parser.get();
+    if (request.method() != http::verb::post && !isExtended(request.method_string())) {
+        return number(http::status::method_not_allowed);
+    }
+    const auto contentType = request.find(http::field::content_type);
+    if (contentType != request.end() && !isXml(contentType->value())) {
+        return number(http::status::unsupported_media_type);
+    }
+    const bool hasLength = parser.content_length() || parser.chunked();
+    return hasLength ? 0 : number(http::status::length_required);
+}
+
+std::string beginResponse(unsigned status, std::size_t length)
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm broken = {};
+    char date[40];
+    std::strftime(date, sizeof date, "%a, %d %b %Y %H:%M:%S GMT", gmtime_r(&now, &broken));
+    const string_view reason = http::obsolete_reason(static_cast<http::status>(status));
+    return "HTTP/1.1 " + std::to_string(status) + " " + std::string(reason) + "\r\nDate: " + date +
+           "\r\nContent-Length: " + std::to_string(length) + "\r\n";
+}
+
+// As the client's version needs to be told.
+const char* connectionHeader(bool keepsAlive, unsigned version)
+{
+    if (!keepsAlive) {
+        return "Connection: close\r\n";
+    }
+    return version < 11 ? "Connection: keep-alive\r\n" : "";
+}
+
+} // namespace
+
+void HttpSession::run()
+{
+    while (waitForRequest() && answerNext()) {
+    }
+}
+
+// Empty lines before a request are none of it.
+bool HttpSession::waitForRequest()
+{
+    limitTime();
+    boost::system::error_code error;
+    while (!error) {
+        const auto received = m_buffer.data();
+        const auto* text = static_cast<const char*>(received.data());
+        const std::size_t begin = string_view(text, received.size()).find_first_not_of("\r\n");
+        if (begin != string_view::npos) {
+            m_buffer.consume(begin);
+            return true;
+        }
+        m_buffer.consume(received.size());
+        m_buffer.commit(m_connection.read_some(m_buffer.prepare(4096), error));
+    }
+    return false;
+}
+
+// False when it is the connection's last.
+bool HttpSession::answerNext()
+{
+    Parser parser;
+    parser.header_limit(longestHeader);
+    parser.body_limit(m_options.maxBody);
+    boost::system::error_code error;
+    limitTime();
+    http::read_header(m_connection, m_buffer, parser, error);
+    if (error) {
+        return refuse(statusFor(error));
+    }
+    if (const unsigned status = refusal(parser); status != 0) {
+        return refuse(status);
+    }
+    limitTime();
+    if (iequals(parser.get()[http::field::expect], "100-continue")) {
+        m_connection.write("HTTP/1.1 100 Continue\r\n\r\n");
+    }
+    http::read(m_connection, m_buffer, parser, error);
+    return error ? refuse(statusFor(error)) : answer(parser.get());
+}
+
+bool HttpSession::answer(const Request& request)
+{
+    const HttpAnswer answered = m_handler(request.body());
+    std::string response = beginResponse(answered.status, answered.body.size());
+    response += connectionHeader(request.keep_alive(), request.version());
+    response += "Cache-Control: no-cache\r\n";
+    if (answered.status == number(http::status::ok)) {
+        response += "Content-Type: application/xml; charset=\"utf-8\"\r\n";
+        response += mappingHeaders(isExtended(request.method_string()));
+    } else if (!answered.cimError.empty()) {
+        response += "CIMError: " + answered.cimError + "\r\n";
+    }
+    response += "\r\n" + answered.body;
+    limitTime();
+    return m_connection.write(response) && request.keep_alive();
+}
+
+bool HttpSession::refuse(unsigned status)
+{
+    if (status == 0) {
+        return false;
+    }
+    std::string response = beginResponse(status, 0) + connectionHeader(false, 11);
+    if (status == number(http::status::method_not_allowed)) {
+        response += "Allow: POST, M-POST\r\n";
+    }
+    limitTime();
+    if (m_connection.write(response + "\r\n")) {
+        m_connection.finish();
+    }
+    return false;
+}
+
+// The headers of the CIM mapping carry a number of the server's choice in an answer to M-POST.
+std::string HttpSession::mappingHeaders(bool isExtended)
+{
+    if (!isExtended) {
+        return "CIMOperation: MethodResponse\r\n";
+    }
+    const std::string chosen = std::to_string(10 + m_extendedAnswers++ % 90);
+    return "Ext:\r\nMan: http://www.dmtf.org/cim/mapping/http/v1.0 ; ns=" + chosen + "\r\n" + chosen +
+           "-CIMOperation: MethodResponse\r\n";
+}
+
+} // namespace cimom
