@@ -217,5 +217,5 @@ def test_who_does_not_read_the_answer_is_dropped():
             connection.setblocking(False)
             with pytest.raises(BlockingIOError):
                 while True:
-                    connection.send(post(intrinsic("EnumerateQualifiers")))
+                    connection.send(post(intrinsic(("EnumerateQualifiers",))))
             assert manager.wait_for_descriptors(descriptors) <= descriptors
