@@ -1,5 +1,5 @@
 # What cmake --install and cpack deliver: component provider is the library where the object manager looks for it, its
-# class definitions and its documentation; component debug is the library's debug symbols.
+# class definitions, its documentation and the program that checks it; component debug is the library's debug symbols.
 include(GNUInstallDirs)
 set(KV_PROVIDER_DIR ${CMAKE_INSTALL_LIBDIR}/openwbem/c++providers CACHE STRING
     "Where the object manager looks for C++ providers (its configuration item cppprovifc.prov_location)")
@@ -24,5 +24,7 @@ file(GLOB class_definitions CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/mof/*.mof)
 install(FILES ${class_definitions} DESTINATION ${KV_MOF_DIR} COMPONENT provider)
 install(FILES ${CMAKE_SOURCE_DIR}/docs/deployment.md
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lanprovider COMPONENT provider)
+
+install(TARGETS lanprovider-check RUNTIME COMPONENT provider)
 
 include(Packaging)

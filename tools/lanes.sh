@@ -117,7 +117,7 @@ sources() {
 lane_style() {
     local formatted tidied rooms=0 format=0 tidy=0
     formatted=$(sources . -regex '.*\.\(cpp\|hpp\|c\|h\)')
-    tidied=$(sources src standins/platform standins/cimom tests/support -name '*.cpp')
+    tidied=$(sources src tools standins/platform standins/cimom tests/support -name '*.cpp')
     /usr/bin/python3 tools/check_rooms.py || rooms=$?
     record_result style rooms $rooms
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?

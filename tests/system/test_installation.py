@@ -17,6 +17,7 @@ PROVIDER_FILES = {
     f"{CLASSES}/ORX_LANEndpoint.mof",
     f"{CLASSES}/ORX_LANServiceSetting.mof",
     "share/doc/lanprovider/deployment.md",
+    "bin/lanprovider-check",
 }
 SYMBOL_FILES = {f"{PROVIDERS}/.debug/libLANProvider.so.debug"}
 
@@ -69,6 +70,14 @@ def test_the_installed_library_is_stripped_and_names_the_file_with_its_symbols(p
 def test_the_installed_library_searches_no_directory_of_the_building_machine(prefix):
     dynamic = output_of("readelf", "-dW", prefix / PROVIDERS / "libLANProvider.so")
     assert "(RUNPATH)" not in dynamic and "(RPATH)" not in dynamic
+
+
+def test_the_installed_program_finds_the_installed_library_fit(prefix):
+    library = prefix / PROVIDERS / "libLANProvider.so"
+    environment = os.environ | {"LD_LIBRARY_PATH": f"{BUILD}/standins/platform:{BUILD}/standins/openwbem"}
+    checked = subprocess.run([prefix / "bin/lanprovider-check", library], capture_output=True, text=True, check=False,
+                             env=environment)  # fmt: skip
+    assert (checked.returncode, checked.stdout, checked.stderr) == (0, f"{library}: can be used by OpenWBEM 3.0.3\n", "")
 
 
 @pytest.mark.parametrize("instance, name, value", [

@@ -14,6 +14,7 @@ TESTS = ROOT / "build/powerpc"
 NAME = "lanprovider-1.0.0-powerpc-linux-standin"
 
 PROVIDERS = "usr/lib/openwbem/c++providers"
+SERIALISING = RELEASE / "src/serialising/libLANProvider.so"
 CLASSES = "usr/share/openwbem/mof"
 
 # The versions of the C and C++ libraries of 2006 and before: GLIBC 2.4, GCC 4.1.
@@ -73,13 +74,14 @@ def test_there_is_one_archive_of_the_provider_and_one_of_its_symbols(archives):
     assert {path.name for path in archives.glob("*.tar.gz")} == {f"{NAME}.tar.gz", f"{NAME}-debug.tar.gz"}
 
 
-def test_the_provider_archive_holds_library_class_definitions_and_deployment_guide(archives):
+def test_the_provider_archive_holds_library_class_definitions_deployment_guide_and_check(archives):
     assert files_of(archives / f"{NAME}.tar.gz") == {
         f"{PROVIDERS}/libLANProvider.so",
         f"{CLASSES}/ORX_ALGService.mof",
         f"{CLASSES}/ORX_LANEndpoint.mof",
         f"{CLASSES}/ORX_LANServiceSetting.mof",
         "usr/share/doc/lanprovider/deployment.md",
+        "usr/bin/lanprovider-check",
     }
 
 
@@ -137,8 +139,9 @@ def test_nothing_but_the_entry_points_is_visible(library):
     assert names == {"createProviderLANProvider", "getOWVersion"}
 
 
-def test_old_c_and_cpp_libraries_suffice(library):
-    versions = set(re.findall(r"Name: (\w+?)_([0-9.]+)", binutils("readelf", "-VW", library)))
+@pytest.mark.parametrize("file", [f"{PROVIDERS}/libLANProvider.so", SERIALISING, "usr/bin/lanprovider-check"])
+def test_old_c_and_cpp_libraries_suffice(server, file):
+    versions = set(re.findall(r"Name: (\w+?)_([0-9.]+)", binutils("readelf", "-VW", server / file)))
     assert {name for name, _ in versions} == set(NEWEST_VERSIONS)
     for name, version in versions:
         assert tuple(int(part) for part in version.split(".")) <= NEWEST_VERSIONS[name], f"{name}_{version}"
@@ -149,3 +152,27 @@ def test_the_delivered_library_loads_creates_its_provider_and_unloads(library):
     printed = output_of("qemu-ppc", "-L", "/usr/powerpc-linux-gnu", "-E", f"LD_LIBRARY_PATH={libraries}",
                         TESTS / "tests/target/load_library", library)  # fmt: skip
     assert printed == "3.0.3\n"
+
+
+def check(library, environment):
+    command = ["qemu-ppc", "-L", "/usr/powerpc-linux-gnu", *(part for item in environment for part in ("-E", item))]
+    checked = subprocess.run([*command, RELEASE / "tools/lanprovider-check/lanprovider-check", library],
+                             capture_output=True, text=True, check=False)  # fmt: skip
+    return checked.returncode, checked.stdout, checked.stderr
+
+
+def test_the_delivered_program_finds_the_delivered_library_fit(library):
+    environment = [f"LD_LIBRARY_PATH={TESTS}/standins/openwbem", f"LD_PRELOAD={TESTS}/tests/target/libabsent_platform.so"]
+    assert check(library, environment) == (0, f"{library}: can be used by OpenWBEM 3.0.3\n", "")
+
+
+def test_it_names_a_platform_function_that_nobody_brings_along(library):
+    status, printed, complaint = check(library, [f"LD_LIBRARY_PATH={TESTS}/standins/openwbem"])
+    assert (status, printed) == (1, "")
+    assert re.fullmatch(rf"{library}: cannot be loaded, and OpenWBEM would end at the first request to it: "
+                        rf"{library}: undefined symbol: \w+\n", complaint)
+
+
+def test_it_names_a_library_that_is_not_there(library):
+    assert check(library, []) == (1, "", f"{library}: cannot be loaded, and OpenWBEM would end at the first request to it: "
+                                  "libopenwbem.so: cannot open shared object file: No such file or directory\n")
