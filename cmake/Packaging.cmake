@@ -32,11 +32,19 @@ else()
   set(CPACK_DEBIAN_PROVIDER_PACKAGE_SECTION admin)
   set(CPACK_DEBIAN_DEBUG_PACKAGE_SECTION debug)
   set(CPACK_COMPONENT_DEBUG_DESCRIPTION "Debug symbols of libLANProvider.so")
-  # The object manager's and the platform's libraries are in no package; everything else is looked up.
+  # The object manager's and the platform's libraries are in no package, and are found in these folders; everything else is
+  # looked up.
   set(CPACK_DEBIAN_PROVIDER_PACKAGE_SHLIBDEPS ON)
-  if(NOT OPENWBEM_ROOT)
-    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-        ${CMAKE_BINARY_DIR}/standins/openwbem ${CMAKE_BINARY_DIR}/standins/platform)
+  if(OPENWBEM_ROOT)
+    set(library_folders ${OPENWBEM_ROOT}/lib)
+    foreach(library IN LISTS KV_PLATFORM_LIBRARIES)
+      cmake_path(GET library PARENT_PATH folder) # empty for a bare name
+      list(APPEND library_folders ${folder})
+    endforeach()
+    list(REMOVE_DUPLICATES library_folders)
+  else()
+    set(library_folders ${CMAKE_BINARY_DIR}/standins/openwbem ${CMAKE_BINARY_DIR}/standins/platform)
   endif()
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${library_folders})
 endif()
 include(CPack)
