@@ -2,7 +2,7 @@
 
 usage: threads.py SECONDS
 
-Status 1 when ThreadSanitizer reports anything, a request fails or the object manager does not end well.
+For that long each: the plain library when one request runs at a time, the serialising one when reads run side by side. Status 1 when ThreadSanitizer reports anything, a request fails or the object manager does not end well.
 """
 import pathlib
 import random
@@ -51,23 +51,31 @@ def drive(manager, seconds):
     return threads
 
 
-def main(seconds):
-    REPORTS.mkdir()
-    manager = Manager("--unload-after", "1", environment={"TSAN_OPTIONS": f"log_path={REPORTS}/report halt_on_error=0"})
+def has_passed(seconds, variant, *options):
+    reports = REPORTS / variant
+    reports.mkdir(parents=True)
+    manager = Manager("--unload-after", "1", *options, variant=variant,
+                      environment={"TSAN_OPTIONS": f"log_path={reports}/report halt_on_error=0"})
     # Half of the time, then a pause in which the main thread unloads the library, then the other half.
     threads = drive(manager, seconds / 2)
     time.sleep(3.5)
     unloaded = not manager.has_library()
     threads += drive(manager, seconds / 2)
     status = manager.stop()
-    texts = [report.read_text() for report in REPORTS.iterdir()]
+    texts = [report.read_text() for report in reports.iterdir()]
     failures = [thread.failure for thread in threads if thread.failure]
     for text in [*texts, *map(str, failures)]:
         print(text)
-    print(f"threads: {CLIENTS} clients, {sum(t.reads for t in threads)} reads, {sum(t.changes for t in threads)} changes, "
-          f"library {'unloaded' if unloaded else 'NOT unloaded'} in between; {len(texts)} processes with reports, "
-          f"{len(failures)} failed clients, kv-cimom ended with status {status}")
-    return 0 if unloaded and not texts and not failures and status == 0 else 1
+    print(f"threads: {variant} library, {CLIENTS} clients, {sum(t.reads for t in threads)} reads, "
+          f"{sum(t.changes for t in threads)} changes, library {'unloaded' if unloaded else 'NOT unloaded'} in between; "
+          f"{len(texts)} processes with reports, {len(failures)} failed clients, "
+          f"kv-cimom {' '.join(options)} ended with status {status}")
+    return unloaded and not texts and not failures and status == 0
+
+
+def main(seconds):
+    passed = [has_passed(seconds, "plain"), has_passed(seconds, "serialising", "--parallel")]
+    return 0 if all(passed) else 1
 
 
 if __name__ == "__main__":

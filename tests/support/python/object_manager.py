@@ -13,13 +13,14 @@ LISTENING = "kv-cimom: listening"
 
 
 class Manager:
-    """kv-cimom of the build tree KV_BUILD_DIR on a free port; its log is a file in KV_STATE_DIR."""
+    """kv-cimom of the build tree KV_BUILD_DIR on a free port, with one variant of the library; its log is a file in KV_STATE_DIR."""
 
-    def __init__(self, *options, environment=None):
+    def __init__(self, *options, variant="plain", environment=None):
         build = pathlib.Path(os.environ["KV_BUILD_DIR"])
         self.log_path = pathlib.Path(os.environ["KV_STATE_DIR"], "object-manager.log")
         preload = {"LD_PRELOAD": os.environ["KV_OBJECT_MANAGER_PRELOAD"]}
-        command = [build / "standins/cimom/kv-cimom", "--port", "0", "--mof", CHECKOUT / "mof", "--provider-dir", build / "src"]
+        library = build / {"plain": "src", "serialising": "src/serialising"}[variant]
+        command = [build / "standins/cimom/kv-cimom", "--port", "0", "--mof", CHECKOUT / "mof", "--provider-dir", library]
         begun = time.monotonic()
         with self.log_path.open("wb") as log:
             self.process = subprocess.Popen([*command, *options], stdin=subprocess.DEVNULL, stdout=log, stderr=log,
