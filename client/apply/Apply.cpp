@@ -1,7 +1,6 @@
 #include "apply/Apply.hpp"
 
 #include "apply/Reading.hpp"
-#include "model/Names.hpp"
 
 #include <algorithm>
 #include <chrono>
@@ -35,7 +34,6 @@ class Run
     Outcome carryOut(const plan::Plan& plan);
 
   private:
-    std::vector<plan::Request> inOrder(std::vector<plan::Request> requests) const;
     bool send(const plan::Request& request);
     bool lost(const plan::Request& request, const wire::Failure& failure);
     void readBack();
@@ -57,7 +55,7 @@ class Run
 
 Outcome Run::carryOut(const plan::Plan& plan)
 {
-    for (const auto& request : inOrder(plan.requests))
+    for (const auto& request : plan.requests)
         if (!send(request))
             break;
     if (!m_isRead)
@@ -65,20 +63,6 @@ Outcome Run::carryOut(const plan::Plan& plan)
     if (!m_outcome.unread)
         m_outcome.remaining = plan::plan(m_outcome.after, m_wanted).changes;
     return std::move(m_outcome);
-}
-
-/// The plan's order; but when an interface takes the connection along, the other objects are changed before,
-/// while it is still there. Interfaces keep their order, in which their networks do not overlap.
-std::vector<plan::Request> Run::inOrder(std::vector<plan::Request> requests) const
-{
-    const bool moves = std::any_of(requests.begin(), requests.end(), [&](const plan::Request& request) {
-        return !movedTo(request, m_before, m_peerAddress).empty();
-    });
-    if (moves)
-        std::stable_partition(requests.begin(), requests.end(), [](const plan::Request& request) {
-            return model::kindOf(request.object) != model::Kind::Endpoint;
-        });
-    return requests;
 }
 
 /// Returns whether the next request may follow.

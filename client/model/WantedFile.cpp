@@ -111,10 +111,18 @@ std::string switchText(bool on)
     return on ? "on" : "off";
 }
 
-/// A text in quotes where YAML would take it for something else.
+/// A text in quotes, so that YAML takes it for nothing else.
 void emitText(YAML::Emitter& out, const char* key, const std::string& text)
 {
     out << YAML::Key << key << YAML::Value << YAML::DoubleQuoted << text;
+}
+
+/// The emitter escapes every control character but this one, and a file may be shown on a terminal.
+std::string withoutDelete(std::string text)
+{
+    for (std::size_t at = 0; (at = text.find('\x7F', at)) != std::string::npos;)
+        text.replace(at, 1, "\\x7F");
+    return text;
 }
 
 void emitPlain(YAML::Emitter& out, const std::string& key, const std::string& text)
@@ -163,6 +171,7 @@ void emitMarking(YAML::Emitter& out, const Marking& marking)
 std::string exportedText(const ServerState& state)
 {
     YAML::Emitter out;
+    out.SetOutputCharset(YAML::EscapeNonAscii);
     out << YAML::BeginMap << YAML::Key << endpointsSection << YAML::Value << YAML::BeginMap;
     for (const auto& endpoint : state.endpoints)
         emitEndpoint(out, endpoint);
@@ -170,7 +179,7 @@ std::string exportedText(const ServerState& state)
     emitSetting(out, state.setting);
     emitMarking(out, state.marking);
     out << YAML::EndMap;
-    return std::string(out.c_str()) + "\n";
+    return withoutDelete(out.c_str()) + "\n";
 }
 
 } // namespace lanctl::model

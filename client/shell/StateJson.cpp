@@ -18,6 +18,15 @@ Json stateJson(const std::optional<std::uint16_t>& state)
     return state ? Json(*state == 1) : Json(nullptr);
 }
 
+/// Everything beyond ASCII is escaped already, and all control characters but one: nothing in it can steer a
+/// terminal.
+std::string harmlessJson(std::string text)
+{
+    for (std::size_t at = 0; (at = text.find('\x7F', at)) != std::string::npos;)
+        text.replace(at, 1, "\\u007f");
+    return text;
+}
+
 Json endpointJson(const model::Endpoint& endpoint)
 {
     return {{"name", endpoint.name},
@@ -74,8 +83,7 @@ std::string stateJson(const Shown& shown)
         json["lan"] = settingJson(*shown.setting);
     if (shown.marking)
         json["marking"] = markingJson(*shown.marking);
-    // Everything beyond ASCII is escaped, so that nothing in it can steer a terminal.
-    return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
+    return harmlessJson(json.dump(2, ' ', true, Json::error_handler_t::replace)) + "\n";
 }
 
 } // namespace lanctl::shell

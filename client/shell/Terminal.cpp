@@ -114,7 +114,8 @@ bool agreed(const std::string& question)
 {
     std::cout << question << " [y/N] " << std::flush;
     std::string answer;
-    std::getline(std::cin, answer);
+    if (!std::getline(std::cin, answer))
+        std::cout << "\n";
     return answer == "y" || answer == "Y" || answer == "yes";
 }
 
@@ -122,10 +123,10 @@ std::optional<std::string> askedPassword(const std::string& prompt)
 {
     if (!inputIsTerminal() || !errorsAreOnTerminal())
         return std::nullopt;
-    std::cerr << prompt << std::flush;
     std::string password;
     {
-        const EchoOff silent;
+        const EchoOff silent; // before the question: nobody types earlier
+        std::cerr << prompt << std::flush;
         std::getline(std::cin, password);
     }
     std::cerr << "\n";
