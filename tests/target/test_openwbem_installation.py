@@ -1,7 +1,6 @@
 """Preset openwbem: the library and the interface's conformance test against an installed OpenWBEM.
 
-There is no installation on a development machine. A prefix of the same layout and names is put together from the
-stand-in's headers and library, which shows that the preset takes all from there, not how OpenWBEM itself behaves.
+There is no installation on a development machine; openwbem_prefix makes one up.
 """
 
 import os
@@ -12,6 +11,8 @@ import subprocess
 
 import pytest
 
+from openwbem_prefix import LIBRARIES, change, make_library, make_prefix
+
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 RELEASE = ROOT / "build/powerpc-release"
 # Fixed places, so that a second run finds its compilations in the cache.
@@ -21,55 +22,8 @@ WRONG_BUILD = ROOT / "build/openwbem-wrong"
 
 REPAIRED = "openwbem-repaired/OW_SharedLibraryReference.hpp"
 
-# What the stand-in's headers have otherwise: a call that lacks a keyword, and the declaration that has to be seen before all
-# else, so that its absence is noticed.
-FLAW = """    template <class U>
-    void castTo(T const& m_obj) const
-    {
-        m_obj.cast_to<U>();
-    }
-"""
-FIRST_HEADER = """#ifndef OW_VECTOR_HPP_
-#define OW_VECTOR_HPP_
-#include "OW_config.h"
-#include <vector>
-#endif
-"""
-NOT_FIRST = """#ifndef OW_VECTOR_HPP_
-#error "included before OW_vector.hpp"
-#endif
-"""
-
-LIBRARIES = ["openwbem", "owprovider", "owcppprovifc"]
+COMPILER = "powerpc-linux-gnu-g++"
 PLATFORM_LIBRARIES = ["kvu", "kvnet"]
-
-
-def make_library(path, *sources, libraries=()):
-    """A library of sources or object files that needs the named ones beside it."""
-    subprocess.run(["powerpc-linux-gnu-g++", "-shared", "-fPIC", f"-I{ROOT}/interfaces/platform", f"-Wl,-soname,{path.name}",
-                    "-o", path, *sources, f"-L{path.parent}", "-Wl,--no-as-needed", *(f"-l{name}" for name in libraries)],
-                   check=True)  # fmt: skip
-
-
-def make_prefix(prefix):
-    shutil.rmtree(prefix, ignore_errors=True)
-    include = prefix / "include/openwbem"
-    shutil.copytree(ROOT / "standins/openwbem/include", include)
-    (include / "OW_vector.hpp").write_text(FIRST_HEADER)
-    change(include / "OW_config.h", lambda text: NOT_FIRST + text)
-    change(include / "OW_SharedLibraryReference.hpp", lambda text: text.replace("  public:\n", "  public:\n" + FLAW, 1))
-    (prefix / "lib").mkdir()
-    make_library(prefix / "lib/libowprovider.so")
-    make_library(prefix / "lib/libowcppprovifc.so")
-    # As in an installation, one library needs another one, which those who link with it do not name.
-    make_library(prefix / "lib/libowneeded.so")
-    objects = RELEASE / "standins/openwbem/CMakeFiles/kv_openwbem.dir/src"
-    make_library(prefix / "lib/libopenwbem.so", *objects.glob("*.o"), libraries=["owneeded"])
-    return prefix
-
-
-def change(file, how):
-    file.write_text(how(file.read_text()))
 
 
 def configure(build, prefix, *options):
@@ -81,10 +35,10 @@ def configure(build, prefix, *options):
 @pytest.fixture(scope="module")
 def build():
     """A build against such a prefix and against the server's platform, which is played by two libraries."""
-    prefix = make_prefix(PREFIX)
+    prefix = make_prefix(PREFIX, COMPILER, RELEASE)
     shutil.copytree(ROOT / "interfaces/platform", prefix / "platform")
-    make_library(prefix / "platform/libkvu.so", ROOT / "tests/target/AbsentPlatform.cpp")
-    make_library(prefix / "platform/libkvnet.so")
+    make_library(COMPILER, prefix / "platform/libkvu.so", ROOT / "tests/target/AbsentPlatform.cpp")
+    make_library(COMPILER, prefix / "platform/libkvnet.so")
     platform = ";".join(f"{prefix}/platform/lib{name}.so" for name in PLATFORM_LIBRARIES)
     configured = configure(BUILD, prefix, f"-DKV_PLATFORM_INCLUDE_DIR={prefix}/platform", f"-DKV_PLATFORM_LIBRARIES={platform}")
     assert configured.returncode == 0, configured.stderr
