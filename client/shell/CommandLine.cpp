@@ -4,11 +4,14 @@
 #include "shell/Complaint.hpp"
 #include "shell/Objects.hpp"
 #include "shell/Terminal.hpp"
+#include "wayback/Folder.hpp"
+#include "wayback/Keeper.hpp"
 #include "wire/Failure.hpp"
 
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <iostream>
+#include <optional>
 
 namespace lanctl::shell
 {
@@ -26,6 +29,8 @@ struct CommandLine {
     std::vector<std::string> assignments;
     std::string file;
     bool json = false;
+    bool abandon = false;
+    std::optional<int> number;
     std::function<Exit()> command;
 };
 
@@ -60,6 +65,20 @@ void addAgreementOptions(CLI::App& command, Agreement& agreement)
 {
     command.add_flag("-y,--yes", agreement.yes, "agree without a question");
     command.add_flag("-n,--dry-run", agreement.dryRun, "show the plan and end");
+}
+
+void addConfirmOptions(CLI::App& command, Agreement& agreement)
+{
+    command
+        .add_option("--confirm", agreement.confirmSeconds,
+                    "take the change back unless it is confirmed within that time")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1, 86400));
+    command
+        .add_option("--revert-via", agreement.revertVia,
+                    "a further URL by which the server is reached when the change is taken back")
+        ->type_name("URL")
+        ->allow_extra_args(false);
 }
 
 void addObjects(CLI::App& command, std::vector<std::string>& objects)
@@ -110,6 +129,7 @@ void addChangeCommands(CLI::App& app, CommandLine& line)
         ->type_name("")
         ->required();
     addAgreementOptions(*set, line.agreement);
+    addConfirmOptions(*set, line.agreement);
     set->callback([&] {
         line.command = [&] { return shell::set(line.choice, line.object, line.assignments, line.agreement); };
     });
@@ -119,12 +139,38 @@ void addChangeCommands(CLI::App& app, CommandLine& line)
         ->type_name("")
         ->required();
     addAgreementOptions(*apply, line.agreement);
+    addConfirmOptions(*apply, line.agreement);
     apply->callback(
         [&] { line.command = [&] { return applyFile(line.choice, line.file, line.agreement); }; });
 
     CLI::App* reset = app.add_subcommand("reset-router", "press the reset button of the router card");
     addAgreementOptions(*reset, line.agreement);
     reset->callback([&] { line.command = [&] { return resetRouter(line.choice, line.agreement); }; });
+}
+
+void addWayBackCommands(CLI::App& app, CommandLine& line)
+{
+    CLI::App* confirm = app.add_subcommand("confirm", "keep the change that waits for its confirmation");
+    confirm->add_flag("--abandon", line.abandon, "give up a way back that does not succeed");
+    confirm->callback([&] { line.command = [&] { return shell::confirm(line.choice, line.abandon); }; });
+
+    CLI::App* status =
+        app.add_subcommand("status", "list changes that wait for confirmation or their way back");
+    status->add_flag("--json", line.json, "as JSON");
+    status->callback([&] { line.command = [&] { return shell::status(line.json); }; });
+
+    CLI::App* history = app.add_subcommand("history", "list the last changes of the server");
+    history->add_flag("--json", line.json, "as JSON");
+    history->callback([&] { line.command = [&] { return shell::history(line.choice, line.json); }; });
+
+    CLI::App* rollback = app.add_subcommand("rollback", "bring back the state before a change");
+    rollback->add_option("N", line.number, "the change's number in the history; without it the last one")
+        ->type_name("")
+        ->check(CLI::PositiveNumber);
+    addAgreementOptions(*rollback, line.agreement);
+    addConfirmOptions(*rollback, line.agreement);
+    rollback->callback(
+        [&] { line.command = [&] { return shell::rollback(line.choice, line.number, line.agreement); }; });
 }
 
 void complain(const std::string& text)
@@ -139,6 +185,12 @@ Exit runCommand(const CommandLine& line)
     } catch (const UsageError& e) {
         complain(harmless(e.what()));
         return Exit::Usage;
+    } catch (const wayback::AnotherChange& e) {
+        complain(harmless(e.what()));
+        return Exit::NotAsWanted;
+    } catch (const wayback::FolderError& e) {
+        complain(harmless(e.what()));
+        return Exit::NotAsWanted;
     } catch (const wire::CimError& e) {
         complain(complaint(e));
         return Exit::NotAsWanted;
@@ -160,6 +212,7 @@ int run(int argc, char** argv)
     addConnectionOptions(app, line.choice);
     addReadCommands(app, line);
     addChangeCommands(app, line);
+    addWayBackCommands(app, line);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

@@ -6,6 +6,7 @@
 #include "shell/Configuration.hpp"
 #include "shell/Exit.hpp"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,11 @@ namespace lanctl::shell
 
 /// How a change is agreed to.
 struct Agreement {
-    bool yes = false;    // without a question
-    bool dryRun = false; // the plan only
+    bool yes = false;       // without a question
+    bool dryRun = false;    // the plan only
+    int confirmSeconds = 0; // 0: the change needs no confirmation
+    std::vector<std::string>
+        revertVia; // further URLs by which the server is reached when a change is taken back
 };
 
 struct WatchOptions {
@@ -32,6 +36,13 @@ Exit set(const ConnectionChoice& choice, const std::string& object,
          const std::vector<std::string>& assignments, const Agreement& agreement);
 Exit applyFile(const ConnectionChoice& choice, const std::string& file, const Agreement& agreement);
 Exit resetRouter(const ConnectionChoice& choice, const Agreement& agreement);
+
+/// Keeps the change that waits, or gives up the way back of one that cannot be taken back.
+Exit confirm(const ConnectionChoice& choice, bool abandon);
+Exit status(bool json);
+Exit history(const ConnectionChoice& choice, bool json);
+/// Brings back the state before that change, or before the last one.
+Exit rollback(const ConnectionChoice& choice, std::optional<int> number, const Agreement& agreement);
 
 /// The wanted state of a file, or of standard input when it is called "-". Throws UsageError.
 model::WantedState wantedOfFile(const std::string& file);

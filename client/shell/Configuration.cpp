@@ -177,15 +177,26 @@ std::string fileText(const std::string& path, std::size_t largest)
     return text;
 }
 
+wire::ServerAddress serverAddress(const std::string& url)
+{
+    try {
+        return wire::parseServerAddress(url);
+    } catch (const wire::BadServerAddress& e) {
+        throw UsageError(e.what());
+    }
+}
+
+std::string serverLabel(const ConnectionChoice& given)
+{
+    const ConnectionChoice choice = completed(given);
+    return choice.serverName.empty() ? serverAddress(choice.server).hostAndPort() : choice.serverName;
+}
+
 wire::ConnectionOptions connectionOptions(const ConnectionChoice& given)
 {
     const ConnectionChoice choice = completed(given);
     wire::ConnectionOptions options;
-    try {
-        options.server = wire::parseServerAddress(choice.server);
-    } catch (const wire::BadServerAddress& e) {
-        throw UsageError(e.what());
-    }
+    options.server = serverAddress(choice.server);
     options.user = choice.user;
     if (!choice.user.empty())
         options.password = password(choice, options.server.host);

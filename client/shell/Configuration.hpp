@@ -25,6 +25,13 @@ struct ConnectionChoice {
 /// what the command line says counts most. Throws UsageError.
 wire::ConnectionOptions connectionOptions(const ConnectionChoice& choice);
 
+/// Throws UsageError when the URL is none.
+wire::ServerAddress serverAddress(const std::string& url);
+
+/// What the server is called in the history: its name in the configuration file, or its host and port. Throws
+/// UsageError.
+std::string serverLabel(const ConnectionChoice& choice);
+
 /// The names of the configuration file's servers, for completion.
 std::vector<std::string> serverNames(const std::string& configFile);
 

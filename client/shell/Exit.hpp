@@ -12,6 +12,7 @@ enum class Exit {
     NotAsWanted = 1, // the server refused, or its state is not as wanted, or the user did not agree
     Usage = 2,       // wrong usage, or a value that the server would refuse
     NoAnswer = 3,    // not reached, not authorised, no CIM answer
+    TakenBack = 4,   // changed, and taken back because nobody confirmed it
     Differences = 10,
 };
 

@@ -15,6 +15,9 @@ class Lock
     /// The folder's lock, or nothing while somebody else has it. Throws FolderError.
     static std::optional<Lock> take(const Folder& folder);
 
+    /// Whether somebody has it.
+    static bool isHeld(const Folder& folder);
+
     Lock(Lock&& other) noexcept;
     Lock& operator=(Lock&& other) = delete;
     Lock(const Lock&) = delete;
@@ -24,7 +27,8 @@ class Lock
     int descriptor() const { return m_descriptor; }
 
   private:
-    explicit Lock(int descriptor) : m_descriptor(descriptor) {}
+    explicit Lock(const Folder& folder);
+    bool takeNow(int kind) const;
 
     int m_descriptor;
 };

@@ -60,23 +60,6 @@ model::WantedState withoutRefused(const model::WantedState& wanted, const std::s
     return kept > 0 && dropped > 0 ? reduced : without(wanted, object);
 }
 
-/// A plan without refusals: what the server does not take any more is listed and left out. Each turn leaves
-/// out something, so that it comes to an end.
-plan::Plan possiblePlan(const model::ServerState& state, model::WantedState& wanted, const std::string& peer,
-                        std::vector<plan::Refusal>& impossible)
-{
-    plan::Plan plan = plan::plan(state, wanted, peer);
-    while (!plan.refusals.empty()) {
-        const plan::Refusal refusal = plan.refusals.front();
-        for (const plan::Refusal& each : plan.refusals)
-            if (each.object == refusal.object)
-                impossible.push_back(each);
-        wanted = withoutRefused(wanted, refusal.object, plan);
-        plan = plan::plan(state, wanted, peer);
-    }
-    return plan;
-}
-
 std::string troubleOf(const apply::Outcome& outcome)
 {
     if (outcome.refused)
@@ -103,12 +86,14 @@ Attempt takeBackOn(const Way& way, const wire::ConnectionOptions& connection,
         return attempt;
     }
     const std::string peer = client.connection().peerAddress();
-    const plan::Plan plan = possiblePlan(state, former, peer, attempt.impossible);
-    if (plan.requests.empty()) {
-        attempt.done = true;
+    const Possible goal = possible(state, std::move(former), peer);
+    attempt.impossible = goal.impossible;
+    attempt.remaining = goal.plan.changes; // without requests: the server would take these without effect
+    attempt.done = goal.plan.requests.empty();
+    if (attempt.done)
         return attempt;
-    }
-    const apply::Outcome outcome = apply::carryOut(client, state, former, plan, {}, options.timeLimit);
+    const apply::Outcome outcome =
+        apply::carryOut(client, state, goal.wanted, goal.plan, {}, options.timeLimit);
     attempt.trouble = troubleOf(outcome);
     attempt.remaining = outcome.remaining;
     attempt.done = outcome.done();
@@ -116,6 +101,22 @@ Attempt takeBackOn(const Way& way, const wire::ConnectionOptions& connection,
 }
 
 } // namespace
+
+/// Each turn leaves something out, so that it comes to an end.
+Possible possible(const model::ServerState& state, model::WantedState wanted, const std::string& peerAddress)
+{
+    Possible result{std::move(wanted), {}, {}};
+    result.plan = plan::plan(state, result.wanted, peerAddress);
+    while (!result.plan.refusals.empty()) {
+        const std::string object = result.plan.refusals.front().object;
+        for (const plan::Refusal& refusal : result.plan.refusals)
+            if (refusal.object == object)
+                result.impossible.push_back(refusal);
+        result.wanted = withoutRefused(result.wanted, object, result.plan);
+        result.plan = plan::plan(state, result.wanted, peerAddress);
+    }
+    return result;
+}
 
 Attempt takeBack(const wire::ConnectionOptions& connection, const std::vector<Way>& ways,
                  const std::vector<std::string>& hardware, const model::WantedState& former)

@@ -26,6 +26,14 @@ struct Attempt {
 Attempt takeBack(const wire::ConnectionOptions& connection, const std::vector<Way>& ways,
                  const std::vector<std::string>& hardware, const model::WantedState& former);
 
+/// What of a wanted state the server takes, and what it does not.
+struct Possible {
+    model::WantedState wanted;
+    plan::Plan plan; // without refusals
+    std::vector<plan::Refusal> impossible;
+};
+Possible possible(const model::ServerState& state, model::WantedState wanted, const std::string& peerAddress);
+
 /// The objects of that state alone that are named.
 model::WantedState only(model::WantedState wanted, const std::vector<std::string>& objects);
 

@@ -46,6 +46,11 @@ std::string ServerAddress::requestUrl() const
     return scheme + "://" + hostAndPort() + "/cimom";
 }
 
+std::string ServerAddress::url() const
+{
+    return scheme + "://" + hostAndPort() + "/" + cimNamespace;
+}
+
 bool ServerAddress::isLoopback() const
 {
     const std::string suffix = ".localhost";

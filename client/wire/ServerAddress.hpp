@@ -21,6 +21,8 @@ struct ServerAddress {
 
     /// Of the HTTP requests.
     std::string requestUrl() const;
+    /// All of it; parseServerAddress understands this.
+    std::string url() const;
     /// As a user would write it: "127.0.0.1:5988".
     std::string hostAndPort() const;
     /// Whether it is this machine, which no proxy can reach.

@@ -1,0 +1,24 @@
+// A change that waits for its confirmation, as the user sees it. The countdown itself is the guard's.
+#pragma once
+
+#include "shell/Exit.hpp"
+#include "wayback/GuardLoop.hpp"
+#include "wayback/History.hpp"
+
+#include <string>
+
+namespace lanctl::shell
+{
+
+/// On a terminal: shows the countdown until "y" confirms the change, "n" takes it back at once, or the time
+/// is up. Ctrl-C leaves it to the guard. Elsewhere: says how to confirm, and returns at once what came of the
+/// change so far.
+Exit waitForConfirmation(const wayback::History& history, int number, Exit soFar);
+
+/// Waits until the guard has set the result of the entry, and tells it.
+Exit waitForResult(const wayback::History& history, int number);
+
+/// Seconds until then, never below 0.
+long secondsUntil(wayback::milliseconds sinceBoot);
+
+} // namespace lanctl::shell
