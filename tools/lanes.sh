@@ -163,33 +163,40 @@ lane_phy() {
     /usr/bin/python3 -m pytest -q --junitxml="$results/phy.xml" tests/phy
 }
 
-# on_server LANE TEST BUILD ARGUMENT...: tests/soak/TEST.py on a disposable server, which keeps its state to itself whatever the
+# on_server LANE TEST BUILD ARGUMENT...: tests/TEST.py on a disposable server, which keeps its state to itself whatever the
 # caller's environment says. The test's closing lines begin with its name.
 on_server() {
-    local output=$logs/$1-$2.log status=0
+    local name=${2##*/} status=0
+    local output=$logs/$1-$name.log
     env --unset=KV_STATE_DIR KV_BUILD_DIR="$PWD/build/$3" PYTHONPATH="$PWD/tests/support/python" \
-        standins/server/run /usr/bin/python3 -u "tests/soak/$2.py" "${@:4}" >"$output" || status=$?
+        standins/server/run /usr/bin/python3 -u "tests/$2.py" "${@:4}" >"$output" || status=$?
     cat "$output"
-    sed -n "s/^$2: /   /p" "$output" >>"$results/$1.note"
-    record_result "$1" "$2" $status
+    sed -n "s/^$name: /   /p" "$output" >>"$results/$1.note"
+    record_result "$1" "$name" $status
     return $status
 }
 
 # lane_soak SECONDS
 lane_soak() {
     build dev --target LANProvider kv-cimom kv_netfilter
-    on_server soak soak dev "$1"
+    on_server soak soak/soak dev "$1"
+}
+
+# lane_plan CHANGES
+lane_plan() {
+    build dev --target LANProvider kv-cimom kv_netfilter plan_probe no_waiting
+    on_server plan plan/property dev "$1"
 }
 
 lane_storm() {
     build dev --target LANProvider LANProvider_serialising kv-cimom kv_netfilter
-    on_server storm storm dev 100000 serialising --parallel
+    on_server storm soak/storm dev 100000 serialising --parallel
 }
 
 lane_tsan() {
     build tsan --target LANProvider LANProvider_serialising kv-cimom kv_netfilter unit_platform unit_cimom
     run_unit_tests tsan tsan -R '^unit_(platform|cimom)$'
-    on_server tsan threads tsan 20
+    on_server tsan soak/threads tsan 20
 }
 
 lane_coverage() {

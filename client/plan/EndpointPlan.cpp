@@ -14,8 +14,6 @@ using model::WantedEndpoint;
 
 /// The server neither switches this one to DHCP nor tells the DHCP service of it.
 constexpr std::string_view internalLan = "eth0";
-/// The default route leaves through this one, and its gateway alone can be read.
-constexpr std::string_view customerLan = "eth1";
 
 const model::Key& keyOf(std::string_view name)
 {

@@ -1,8 +1,10 @@
 #include "plan/Plan.hpp"
 
 #include "plan/Objects.hpp"
+#include "plan/Rules.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace lanctl::plan
 {
@@ -66,11 +68,28 @@ class EndpointSequence
         return false;
     }
 
+    /// The state as that change leaves it.
     void leave(const model::WantedEndpoint& wanted)
     {
-        for (model::Endpoint& endpoint : m_state.endpoints)
-            if (endpoint.name == wanted.name)
-                endpoint = changed(endpoint, wanted);
+        model::Endpoint& endpoint = *find(wanted.name);
+        endpoint = changed(endpoint, wanted);
+        if (endpoint.name == customerLan)
+            return;
+        // The one default route leaves through the customer LAN and is read there, whatever interface it was
+        // set on.
+        const std::string gateway = std::exchange(endpoint.defaultGateway, "");
+        model::Endpoint* customer = find(customerLan);
+        if (customer != nullptr && customer->defaultGateway.empty() &&
+            reaches(customer->ipAddress, customer->subnetMask, gateway))
+            customer->defaultGateway = gateway;
+    }
+
+    model::Endpoint* find(const std::string& name)
+    {
+        const auto found =
+            std::find_if(m_state.endpoints.begin(), m_state.endpoints.end(),
+                         [&](const model::Endpoint& endpoint) { return endpoint.name == name; });
+        return found == m_state.endpoints.end() ? nullptr : &*found;
     }
 
     model::ServerState m_state;

@@ -13,9 +13,6 @@ namespace
 
 using Fate = Reach::Fate;
 
-/// The default route leaves through this interface.
-const std::string customerLan = "eth1";
-
 bool isLoopback(const std::string& address)
 {
     return address.rfind("127.", 0) == 0 || address == "::1" || address == "localhost";

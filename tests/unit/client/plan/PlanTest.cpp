@@ -104,6 +104,23 @@ TEST(Plan, TheInterfaceOfTheConnectionMakesRoomWhereItMust)
                 ElementsAre("eth1: IPAddress=10.7.0.5", "eth2: IPAddress=10.0.0.9"));
 }
 
+// With a router card the customer LAN takes no change without a gateway.
+TEST(Plan, AGatewaySetOnAnotherInterfaceIsTheCustomerLansAfterwards)
+{
+    auto state = server();
+    state.setting.routerPresent = true;
+    endpoint(state, "eth1").defaultGateway = "";
+    model::WantedState all;
+    all.endpoints = {wanted("eth1"), wanted("eth2")};
+    all.endpoints.at(0).mtu = 1400;
+    all.endpoints.at(1).defaultGateway = "10.0.0.1";
+    EXPECT_THAT(requests(plan(state, all)),
+                ElementsAre("eth2: DefaultGateway=10.0.0.1", "eth1: MaxDataSize=1400"));
+    // Not a gateway that cannot be reached from there.
+    all.endpoints.at(1).defaultGateway = "203.0.113.1";
+    EXPECT_THAT(refusals(plan(state, all)), ElementsAre("eth1 gateway: Invalid IP address format"));
+}
+
 TEST(Plan, ImpactsAddUp)
 {
     const Impact one{1, 2, 3, 4, 5, 6, 7, 8};
