@@ -9,7 +9,7 @@ import time
 
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
-LANCTL = BUILD / "client/lanctl"
+LANCTL = pathlib.Path(os.environ.get("LANCTL", BUILD / "client/lanctl"))
 
 DONE, NOT_AS_WANTED, USAGE, NO_ANSWER, DIFFERENCES = 0, 1, 2, 3, 10
 
