@@ -27,6 +27,12 @@ void mof(std::string_view input);
 /// The input is the body of a request to the development object manager.
 void cim_xml(std::string_view input);
 
+/// The input is the body of an answer to lanctl.
+void cim_answer(std::string_view input);
+
+/// The input is a file with a wanted state for lanctl, which is then planned.
+void wanted_state(std::string_view input);
+
 inline void expect(bool holds, const char* what)
 {
     if (!holds)

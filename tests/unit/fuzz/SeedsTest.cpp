@@ -55,7 +55,9 @@ INSTANTIATE_TEST_SUITE_P(All, Seeds,
                                          Target{"resolver_file", fuzz::resolver_file},
                                          Target{"config_store", fuzz::config_store},
                                          Target{"address_and_domain", fuzz::address_and_domain},
-                                         Target{"mof", fuzz::mof}, Target{"cim_xml", fuzz::cim_xml}),
+                                         Target{"mof", fuzz::mof}, Target{"cim_xml", fuzz::cim_xml},
+                                         Target{"cim_answer", fuzz::cim_answer},
+                                         Target{"wanted_state", fuzz::wanted_state}),
                          [](const auto& seeds) { return std::string(seeds.param.name); });
 
 } // namespace
