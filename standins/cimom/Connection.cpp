@@ -71,14 +71,14 @@ bool Connection::write(std::string_view bytes)
 void Connection::finish()
 {
     shutdown(m_socket, SHUT_WR);
-    char ignored[65536];
+    char ignored[8192];
     boost::system::error_code error;
     while (!error) {
         receive(ignored, sizeof ignored, error);
     }
 }
 
-void Connection::stopReading()
+void Connection::stopReading() const
 {
     shutdown(m_socket, SHUT_RD);
 }

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <boost/asio/buffer.hpp>
 #include <boost/system/error_code.hpp>
-#include <boost/system/system_error.hpp>
 #include <chrono>
 #include <cstddef>
 #include <string_view>
@@ -22,21 +20,9 @@ class Connection
 
     void limitTime(std::chrono::seconds limit);
 
-    // What Boost.Beast reads from. At the time limit the error is boost::beast::error::timeout, at the end of
-    // the stream boost::asio::error::eof.
-    template <class Buffers>
-    std::size_t read_some(const Buffers& buffers, boost::system::error_code& error)
-    {
-        const boost::asio::mutable_buffer first = *boost::asio::buffer_sequence_begin(buffers);
-        return receive(first.data(), first.size(), error);
-    }
-    template <class Buffers>
-    std::size_t read_some(const Buffers& buffers)
-    {
-        boost::system::error_code error;
-        const std::size_t size = read_some(buffers, error);
-        return error ? throw boost::system::system_error(error) : size;
-    }
+    // Waits for bytes and says how many there are. At the time limit the error is
+    // boost::beast::error::timeout, at the end of the stream boost::asio::error::eof.
+    std::size_t receive(void* data, std::size_t size, boost::system::error_code& error);
 
     // False when the client does not take all of it.
     bool write(std::string_view bytes);
@@ -46,11 +32,10 @@ class Connection
     void finish();
 
     // From another thread: there is nothing more to read.
-    void stopReading();
+    void stopReading() const;
     void close();
 
   private:
-    std::size_t receive(void* data, std::size_t size, boost::system::error_code& error);
     bool waitFor(short events);
 
     int m_socket;

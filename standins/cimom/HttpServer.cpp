@@ -202,7 +202,7 @@ void HttpServer::Clients::forgetThoseWhoLeft()
 void HttpServer::Clients::serve(Client& client)
 {
     try {
-        HttpSession(client.connection, m_options, m_handler).run();
+        serveHttp(client.connection, m_options, m_handler);
     } catch (const std::exception& e) { // out of memory: give up this client, not the server
         m_log(std::string("client dropped: ") + e.what());
     }

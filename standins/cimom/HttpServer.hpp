@@ -29,8 +29,8 @@ struct HttpAnswer {
 class HttpServer
 {
   public:
-    using Handler = std::function<HttpAnswer(const std::string& body)>; // of any thread
-    using Log = std::function<void(const std::string& line)>;           // of any thread
+    using Handler = std::function<HttpAnswer(const std::string& body)>; // called on any thread
+    using Log = std::function<void(const std::string& line)>;           // called on any thread
 
     // Listens from here on. Throws std::runtime_error naming address and port when that is not possible.
     HttpServer(const HttpOptions& options, Handler handler, Log log);

@@ -1,11 +1,15 @@
 #include "HttpSession.hpp"
 
-#include <boost/asio/error.hpp>
+#include <boost/asio/buffer.hpp>
 #include <boost/beast/core/error.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/core/string.hpp>
 #include <boost/beast/http/error.hpp>
+#include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/read.hpp>
 #include <boost/beast/http/status.hpp>
+#include <boost/beast/http/string_body.hpp>
+#include <boost/system/system_error.hpp>
 #include <ctime>
 #include <string>
 
@@ -93,13 +97,57 @@ const char* connectionHeader(bool keepsAlive, unsigned version)
     return version < 11 ? "Connection: keep-alive\r\n" : "";
 }
 
-} // namespace
-
-void HttpSession::run()
+// What Boost.Beast reads from.
+class ReadStream
 {
-    while (waitForRequest() && answerNext()) {
+  public:
+    explicit ReadStream(Connection& connection) : m_connection(connection) {}
+
+    template <class Buffers>
+    std::size_t read_some(const Buffers& buffers, boost::system::error_code& error)
+    {
+        const boost::asio::mutable_buffer first = *boost::asio::buffer_sequence_begin(buffers);
+        return m_connection.receive(first.data(), first.size(), error);
     }
-}
+    template <class Buffers>
+    std::size_t read_some(const Buffers& buffers) // asked for, and never called
+    {
+        boost::system::error_code error;
+        const std::size_t size = read_some(buffers, error);
+        return error ? throw boost::system::system_error(error) : size;
+    }
+
+  private:
+    Connection& m_connection;
+};
+
+// The requests of one connection.
+class HttpSession
+{
+  public:
+    HttpSession(Connection& connection, const HttpOptions& options, const HttpServer::Handler& handler)
+        : m_connection(connection), m_stream(connection), m_options(options), m_handler(handler)
+    {
+    }
+
+    bool waitForRequest();
+    bool answerNext();
+
+  private:
+    using Parser = http::request_parser<http::string_body>;
+
+    void limitTime() { m_connection.limitTime(std::chrono::seconds(m_options.timeout)); }
+    bool answer(const Parser::value_type& request);
+    bool refuse(unsigned status);
+    std::string mappingHeaders(bool isExtended);
+
+    Connection& m_connection;
+    ReadStream m_stream;
+    const HttpOptions& m_options;
+    const HttpServer::Handler& m_handler;
+    boost::beast::flat_buffer m_buffer; // received and not yet looked at
+    unsigned m_extendedAnswers = 0;
+};
 
 // Empty lines before a request are none of it.
 bool HttpSession::waitForRequest()
@@ -115,7 +163,7 @@ bool HttpSession::waitForRequest()
             return true;
         }
         m_buffer.consume(received.size());
-        m_buffer.commit(m_connection.read_some(m_buffer.prepare(4096), error));
+        m_buffer.commit(m_stream.read_some(m_buffer.prepare(4096), error));
     }
     return false;
 }
@@ -128,7 +176,7 @@ bool HttpSession::answerNext()
     parser.body_limit(m_options.maxBody);
     boost::system::error_code error;
     limitTime();
-    http::read_header(m_connection, m_buffer, parser, error);
+    http::read_header(m_stream, m_buffer, parser, error);
     if (error) {
         return refuse(statusFor(error));
     }
@@ -139,11 +187,11 @@ bool HttpSession::answerNext()
     if (iequals(parser.get()[http::field::expect], "100-continue")) {
         m_connection.write("HTTP/1.1 100 Continue\r\n\r\n");
     }
-    http::read(m_connection, m_buffer, parser, error);
+    http::read(m_stream, m_buffer, parser, error);
     return error ? refuse(statusFor(error)) : answer(parser.get());
 }
 
-bool HttpSession::answer(const Request& request)
+bool HttpSession::answer(const Parser::value_type& request)
 {
     const HttpAnswer answered = m_handler(request.body());
     std::string response = beginResponse(answered.status, answered.body.size());
@@ -185,6 +233,15 @@ std::string HttpSession::mappingHeaders(bool isExtended)
     const std::string chosen = std::to_string(10 + m_extendedAnswers++ % 90);
     return "Ext:\r\nMan: http://www.dmtf.org/cim/mapping/http/v1.0 ; ns=" + chosen + "\r\n" + chosen +
            "-CIMOperation: MethodResponse\r\n";
+}
+
+} // namespace
+
+void serveHttp(Connection& connection, const HttpOptions& options, const HttpServer::Handler& handler)
+{
+    HttpSession session(connection, options, handler);
+    while (session.waitForRequest() && session.answerNext()) {
+    }
 }
 
 } // namespace cimom

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <cstdio>
 #include <iostream>
+#include <malloc.h>
 #include <sysexits.h>
 
 namespace
@@ -109,6 +110,8 @@ int main(int argc, char** argv)
 {
     // A handler, unlike SIG_IGN, is not inherited by the commands that providers run.
     std::signal(SIGPIPE, [](int) {});
+    // One heap for all threads: each of many keeps what has been freed in it, and memory would seem to leak.
+    mallopt(M_ARENA_MAX, 1);
     Options options;
     CLI::App app("Development object manager: serves CIM-XML from MOF files and OpenWBEM providers.",
                  "kv-cimom");
