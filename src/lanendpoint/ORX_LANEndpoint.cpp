@@ -53,13 +53,23 @@ std::uint16_t kernelMtu(const String& ifName)
     return static_cast<std::uint16_t>(mtu);
 }
 
-// The MTU of the registry, which is given the interface's own when it has none.
+bool isServerInterface(const String& ifName)
+{
+    for (const ServerInterface& known : serverInterfaces)
+        if (ifName == known.name)
+            return true;
+    return false;
+}
+
+// The MTU of the registry, which is given the interface's own when it has none. The kernel knows an interface
+// by other names, too ("eth1:x" is eth1); for these nothing is stored, lest made-up names fill the registry.
 std::uint16_t storedMtu(const String& ifName)
 {
     std::uint16_t mtu = 0;
     if (storedmtu::read(ifName.c_str(), mtu) == storedmtu::absent) {
         mtu = kernelMtu(ifName);
-        storedmtu::write(ifName.c_str(), mtu);
+        if (isServerInterface(ifName))
+            storedmtu::write(ifName.c_str(), mtu);
     }
     return mtu;
 }
@@ -202,9 +212,10 @@ int ORX_LANEndpoint::getProtocolIFType(unsigned short& protocolIFType) const
 int ORX_LANEndpoint::getSpeed(unsigned long long& speed) const
 {
     std::uint64_t value = 0;
-    const int result = kv_get_EthernetIfSpeed(name().c_str(), &value);
+    if (kv_get_EthernetIfSpeed(name().c_str(), &value) < 0)
+        return 0;
     speed = value;
-    return result >= 0 ? 1 : 0;
+    return 1;
 }
 
 int ORX_LANEndpoint::getTimeOfLastStateChange(CIMDateTime& timeOfLastStateChange) const

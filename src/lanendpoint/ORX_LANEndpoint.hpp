@@ -63,7 +63,7 @@ class ORX_LANEndpoint : public ORX_LANEndpointAPI
     int getDescription(OpenWBEM::String& description) const;
 
     // Asked of the live interface; see InterfaceState.hpp and LinkSpeed.hpp for the values. 0 when it cannot
-    // be asked.
+    // be asked; the output then keeps its value.
     int getOperationalStatus(unsigned short& operationalStatus) const;
     int getEnabledState(unsigned short& enabledState) const;
     int getProtocolIFType(unsigned short& protocolIFType) const;

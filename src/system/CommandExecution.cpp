@@ -6,7 +6,6 @@
 
 #include <kv_runcommand.h>
 
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -82,7 +81,8 @@ int runCommand(const String& command, String& output)
 
 bool checkInjection(const String& command)
 {
-    return std::strpbrk(command.c_str(), ";()") == nullptr;
+    const std::string_view text(command.c_str(), command.length()); // a NUL does not end it
+    return text.find_first_of(";()") == std::string_view::npos;
 }
 
 String invokeCommand(const String& command)

@@ -1,6 +1,9 @@
 #ifndef KV_TESTS_CLASSLAYOUT_HPP
 #define KV_TESTS_CLASSLAYOUT_HPP
 
+#include <OW_CppInstanceProviderIFC.hpp>
+#include <OW_CppMethodProviderIFC.hpp>
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -33,6 +36,29 @@ inline void expectConsecutive(std::size_t first, const std::vector<std::size_t>&
 /// The direct bases of a class in their order, each as "[public ][virtual ]<name>". Empty for a class without
 /// bases and for one with nothing but a single public base that is not virtual.
 std::vector<std::string> basesOf(const std::type_info& type);
+
+/// Expects the bases of a provider of instances and methods, in this order.
+template <typename Provider>
+void expectInstanceThenMethodProvider()
+{
+    EXPECT_EQ(basesOf(typeid(Provider)), (std::vector<std::string>{"public OpenWBEM::CppInstanceProviderIFC",
+                                                                   "public OpenWBEM::CppMethodProviderIFC"}));
+}
+
+/// Expects such a provider's operations on instances in the slots of the interface, which follow each other,
+/// and behind its last one initialize and invokeMethod.
+template <typename Provider>
+void expectOperationsInOrder()
+{
+    using Interface = OpenWBEM::CppInstanceProviderIFC;
+    EXPECT_EQ(slot(&Provider::enumInstanceNames), slot(&Interface::enumInstanceNames));
+    expectConsecutive(slot(&Interface::enumInstanceNames),
+                      {slot(&Provider::enumInstanceNames), slot(&Provider::enumInstances),
+                       slot(&Provider::getInstance), slot(&Provider::createInstance),
+                       slot(&Interface::modifyInstance), slot(&Provider::deleteInstance)});
+    expectConsecutive(slot(&Interface::getInstanceProvider) + 1,
+                      {slot(&Provider::initialize), slot(&Provider::invokeMethod)});
+}
 
 } // namespace fakes
 

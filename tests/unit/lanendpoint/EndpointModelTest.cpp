@@ -278,15 +278,17 @@ TEST_F(EndpointModels, LiveStatesAreAskedOfTheInterface)
     EXPECT_EQ(10000000U, speed);
 }
 
-TEST_F(EndpointModels, LiveStatesThatCannotBeAskedForFailWithoutThrowing)
+TEST_F(EndpointModels, LiveStatesThatCannotBeAskedForFailWithoutThrowingAndLeaveTheOutputAlone)
 {
     world.failAll("socket", EMFILE);
     const ORX_LANEndpoint endpoint(1);
-    unsigned short number = 0;
-    unsigned long long speed = 0;
+    unsigned short number = 17;
+    unsigned long long speed = 17;
     EXPECT_EQ(0, endpoint.getOperationalStatus(number));
     EXPECT_EQ(0, endpoint.getEnabledState(number));
     EXPECT_EQ(0, endpoint.getSpeed(speed));
+    EXPECT_EQ(17, number);
+    EXPECT_EQ(17U, speed);
     EXPECT_EQ(1, endpoint.getProtocolIFType(number));
     EXPECT_EQ(Lines(3, "socket"), world.journal());
 }

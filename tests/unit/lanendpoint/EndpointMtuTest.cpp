@@ -48,6 +48,33 @@ TEST_F(EndpointMtus, AnAbsentMtuIsSeededFromTheKernel)
     EXPECT_EQ(1492, world.registry[storedOfEth1]);
 }
 
+TEST_F(EndpointMtus, EachOfTheThreeInterfacesIsSeeded)
+{
+    for (int number = 0; number < 3; ++number) {
+        const std::string name = "eth" + std::to_string(number);
+        world.interfaces[name].mtu = 1400 + number;
+        world.registry.erase({"providers\\ORX_LANProvider\\" + name, "MTUSize"});
+        EXPECT_EQ(1, ORX_LANEndpoint(number).get());
+        EXPECT_EQ(1400 + number, (world.registry[{"providers\\ORX_LANProvider\\" + name, "MTUSize"}]))
+            << name;
+    }
+}
+
+TEST_F(EndpointMtus, AnotherNameThatTheKernelKnowsIsReadAndNothingIsStoredForIt)
+{
+    for (const char* name : {"eth1:x", "eth10", "eth3", "eth"}) {
+        world.interfaces[name] = world.interfaces["eth1"];
+        world.interfaces[name].mtu = 1492;
+        const auto before = world.registry;
+        ORX_LANEndpoint alias{OpenWBEM::String(name)};
+        EXPECT_EQ(1, alias.get());
+        int size = 0;
+        alias.getMaxDataSize(size);
+        EXPECT_EQ(1492, size) << name;
+        EXPECT_EQ(before, world.registry) << name;
+    }
+}
+
 TEST_F(EndpointMtus, OnlyTheLow16BitsOfTheKernelsMtuAreTaken)
 {
     world.interfaces["eth1"].mtu = 65536 + 1000;

@@ -326,6 +326,7 @@ TEST_F(EndpointModifications, AChangeThatCannotBeginIsRefused)
     EXPECT_EQ("ORX_LANEndpointProvider.cpp 1 Could not make the requested change.\n",
               failureOfModifying({property("IPAddress", "10.0.0.6")}));
     EXPECT_EQ(Lines{}, effects());
+    EXPECT_EQ(Lines{}, world.journal(Log));
 }
 
 TEST_F(EndpointModifications, AChangeThatEndsWithoutSuccessIsRefused)
@@ -334,6 +335,7 @@ TEST_F(EndpointModifications, AChangeThatEndsWithoutSuccessIsRefused)
     EXPECT_EQ("ORX_LANEndpointProvider.cpp 4 One or more of the values specified was invalid.\n",
               failureOfModifying({property("SubnetMask", "255.255.0.0")}));
     EXPECT_EQ(Lines{}, effects());
+    EXPECT_EQ(Lines{}, world.journal(Log));
 }
 
 TEST_F(EndpointModifications, CreatingDeletingAndMethodsAreNotSupported)

@@ -138,6 +138,14 @@ TEST_F(Commands, ACommandWithShellSyntaxOfThreeKindsIsRefused)
         EXPECT_FALSE(checkInjection(refused)) << refused;
 }
 
+TEST_F(Commands, ShellSyntaxBehindANulIsRefusedToo)
+{
+    const char refused[] = "list\0;reboot";
+    EXPECT_FALSE(checkInjection(String(refused, sizeof refused - 1)));
+    const char accepted[] = "list\0reboot";
+    EXPECT_TRUE(checkInjection(String(accepted, sizeof accepted - 1)));
+}
+
 TEST_F(Commands, EveryOtherCommandIsAccepted)
 {
     for (const char* accepted : {"",      "list",  "a | b", "a & b", "a && b", "`a`", "$a",      "${a}",
