@@ -51,8 +51,9 @@ namespace
 
 TEST(StaticObjects, LoggerClassNamesAndSubProvidersAreConstructedInThisOrder)
 {
-    const void* const* const end = registered + count;
-    const void* const* const logger = std::find(registered, end, &gLogger);
+    const void* const* const begin = registered;
+    const void* const* const end = begin + count;
+    const void* const* const logger = std::find(begin, end, &gLogger);
     ASSERT_LT(logger + 6, end);
     EXPECT_STREQ("ORX_LANEndpoint", textOf(logger[1]));
     EXPECT_STREQ("ORX_LANServiceSetting", textOf(logger[2]));
