@@ -8,6 +8,7 @@
 #include "shell/Progress.hpp"
 #include "shell/Terminal.hpp"
 #include "wayback/Keeper.hpp"
+#include "json/PlanJson.hpp"
 
 #include <iostream>
 
@@ -17,7 +18,7 @@ namespace lanctl::shell
 namespace
 {
 
-constexpr const char* nothingChanged = "Nothing was changed.";
+constexpr const char* nothingChanged = "Nothing was changed.\n";
 
 class Change
 {
@@ -34,6 +35,9 @@ class Change
     Exit run();
 
   private:
+    Exit planned();
+    void tell(const std::string& text);
+    void tellOutcome(const apply::Outcome& outcome, int number);
     wire::ConnectionOptions optionsOf(const ConnectionChoice& choice);
     void makePlan();
     std::string shownPlan();
@@ -54,6 +58,7 @@ class Change
     wire::Client m_client;
     model::ServerState m_before;
     plan::Plan m_plan;
+    json::Json m_told; // all of it, for programs
 };
 
 wire::ConnectionOptions Change::optionsOf(const ConnectionChoice& choice)
@@ -86,22 +91,38 @@ std::string Change::shownPlan()
     return text;
 }
 
+void Change::tell(const std::string& text)
+{
+    if (!m_agreement.json)
+        std::cout << text << std::flush;
+}
+
 Exit Change::run()
 {
     makePlan();
+    m_told["changed"] = false;
+    m_told["plan"] = json::toJson(m_plan, reach());
+    const Exit exit = planned();
+    if (m_agreement.json)
+        std::cout << json::text(m_told) << std::flush;
+    return exit;
+}
+
+Exit Change::planned()
+{
     if (m_plan.asWanted()) {
-        std::cout << "Nothing to do.\n";
+        tell("Nothing to do.\n");
         return Exit::Done;
     }
-    std::cout << shownPlan();
+    tell(shownPlan());
     if (!m_plan.refusals.empty()) {
-        std::cout << nothingChanged << "\n";
+        tell(nothingChanged);
         return Exit::Usage;
     }
     if (m_agreement.dryRun)
         return Exit::Differences;
     if (m_plan.requests.empty() || !agreedByUser()) {
-        std::cout << nothingChanged << "\n";
+        tell(nothingChanged);
         return Exit::NotAsWanted;
     }
     return carryOut();
@@ -113,7 +134,7 @@ bool Change::agreedByUser()
 {
     if (m_agreement.yes)
         return true;
-    if (!inputIsTerminal() || !outputIsTerminal())
+    if (m_agreement.json || !inputIsTerminal() || !outputIsTerminal())
         throw UsageError("no terminal to ask on, so nothing was changed; --yes agrees beforehand");
     while (agreed("Apply?") &&
            (!couldCutTheOnlyWay() || agreed("Apply although it can cut the connection?"))) {
@@ -152,10 +173,22 @@ Exit Change::carryOut()
     wayback::Keeper keeper(history, keeping,
                            {m_before, m_plan, m_options, m_client.connection().peerAddress()});
     const apply::Outcome outcome = carryOutKept(keeper);
-    (outcome.done() ? std::cout : std::cerr) << outcomeText(outcome, m_plan) << std::flush;
+    tellOutcome(outcome, keeper.number());
     if (!keeper.carriedOut(outcome))
         return result(outcome);
+    if (m_agreement.json)
+        return result(outcome); // who reads JSON confirms by a command of its own
     return waitForConfirmation(history, keeper.number(), result(outcome));
+}
+
+void Change::tellOutcome(const apply::Outcome& outcome, int number)
+{
+    m_told["changed"] = true;
+    m_told["outcome"] = json::toJson(outcome);
+    m_told["number"] = number;
+    m_told["confirm"] = m_agreement.confirmSeconds;
+    if (!m_agreement.json)
+        (outcome.done() ? std::cout : std::cerr) << outcomeText(outcome, m_plan) << std::flush;
 }
 
 /// What fails before anything is sent is a change that never was.

@@ -65,6 +65,7 @@ void addAgreementOptions(CLI::App& command, Agreement& agreement)
 {
     command.add_flag("-y,--yes", agreement.yes, "agree without a question");
     command.add_flag("-n,--dry-run", agreement.dryRun, "show the plan and end");
+    command.add_flag("--json", agreement.json, "tell plan and outcome as JSON");
 }
 
 void addConfirmOptions(CLI::App& command, Agreement& agreement)
@@ -114,7 +115,8 @@ void addReadCommands(CLI::App& app, CommandLine& line)
     diff->add_option("FILE", line.file, "the wanted state, YAML or JSON; - is standard input")
         ->type_name("")
         ->required();
-    diff->callback([&] { line.command = [&] { return shell::diff(line.choice, line.file); }; });
+    diff->add_flag("--json", line.json, "as JSON");
+    diff->callback([&] { line.command = [&] { return shell::diff(line.choice, line.file, line.json); }; });
 }
 
 void addChangeCommands(CLI::App& app, CommandLine& line)

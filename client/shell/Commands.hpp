@@ -17,6 +17,7 @@ namespace lanctl::shell
 struct Agreement {
     bool yes = false;       // without a question
     bool dryRun = false;    // the plan only
+    bool json = false;      // tell plan and outcome as JSON, at the end and not more
     int confirmSeconds = 0; // 0: the change needs no confirmation
     std::vector<std::string>
         revertVia; // further URLs by which the server is reached when a change is taken back
@@ -27,11 +28,11 @@ struct WatchOptions {
     int count = 0; // how often to look; 0: until Ctrl-C
 };
 
-Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool json);
+Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson);
 Exit watch(const ConnectionChoice& choice, const std::vector<std::string>& objects,
            const WatchOptions& options);
 Exit exportState(const ConnectionChoice& choice, const std::string& file);
-Exit diff(const ConnectionChoice& choice, const std::string& file);
+Exit diff(const ConnectionChoice& choice, const std::string& file, bool asJson);
 Exit set(const ConnectionChoice& choice, const std::string& object,
          const std::vector<std::string>& assignments, const Agreement& agreement);
 Exit applyFile(const ConnectionChoice& choice, const std::string& file, const Agreement& agreement);
@@ -39,8 +40,8 @@ Exit resetRouter(const ConnectionChoice& choice, const Agreement& agreement);
 
 /// Keeps the change that waits, or gives up the way back of one that cannot be taken back.
 Exit confirm(const ConnectionChoice& choice, bool abandon);
-Exit status(bool json);
-Exit history(const ConnectionChoice& choice, bool json);
+Exit status(bool asJson);
+Exit history(const ConnectionChoice& choice, bool asJson);
 /// Brings back the state before that change, or before the last one.
 Exit rollback(const ConnectionChoice& choice, std::optional<int> number, const Agreement& agreement);
 

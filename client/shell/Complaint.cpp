@@ -1,6 +1,6 @@
 #include "shell/Complaint.hpp"
 
-#include "shell/Advice.hpp"
+#include "plan/Advice.hpp"
 #include "shell/Terminal.hpp"
 
 namespace lanctl::shell
@@ -25,7 +25,7 @@ std::string complaint(const ServerComplaint& refused)
         text += " (" + refused.identifier + ")";
     if (!refused.why.empty())
         return harmless(sentence(text) + " " + sentence(refused.why));
-    const std::string advice = adviceFor(refused.text, refused.identifier);
+    const std::string advice = plan::adviceFor(refused.text, refused.identifier);
     return harmless(sentence(advice.empty() ? text : text + ": " + advice));
 }
 

@@ -4,7 +4,6 @@
 #include "shell/Terminal.hpp"
 #include "wayback/Steady.hpp"
 
-#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <poll.h>
@@ -65,11 +64,11 @@ void endLine()
 std::string progressText(const Progress& progress)
 {
     if (progress.phase == Progress::Phase::Waiting)
-        return "Keep the change? [y/N] It is taken back in " + std::to_string(secondsUntil(progress.until)) +
-               " s. ";
+        return "Keep the change? [y/N] It is taken back in " +
+               std::to_string(wayback::secondsUntil(progress.until)) + " s. ";
     if (progress.phase == Progress::Phase::TakingBack && progress.attempts > 0)
         return "Taking the change back: " + std::to_string(progress.attempts) + " tries, the next in " +
-               std::to_string(secondsUntil(progress.until)) + " s. " + harmless(progress.trouble);
+               std::to_string(wayback::secondsUntil(progress.until)) + " s. " + harmless(progress.trouble);
     return "Taking the change back ...";
 }
 
@@ -153,13 +152,6 @@ Exit waitOnTerminal(const History& history, int number, Exit soFar)
 }
 
 } // namespace
-
-long secondsUntil(milliseconds sinceBoot)
-{
-    constexpr long aSecond = 1000;
-    const long rest = (sinceBoot - wayback::sinceBoot()).count();
-    return std::max(0L, (rest + aSecond - 1) / aSecond);
-}
 
 Exit waitForConfirmation(const History& history, int number, Exit soFar)
 {

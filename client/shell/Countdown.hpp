@@ -18,7 +18,4 @@ Exit waitForConfirmation(const wayback::History& history, int number, Exit soFar
 /// Waits until the guard has set the result of the entry, and tells it.
 Exit waitForResult(const wayback::History& history, int number);
 
-/// Seconds until then, never below 0.
-long secondsUntil(wayback::milliseconds sinceBoot);
-
 } // namespace lanctl::shell

@@ -4,8 +4,8 @@
 #include "shell/Commands.hpp"
 #include "shell/Objects.hpp"
 #include "shell/PlanText.hpp"
-#include "shell/StateJson.hpp"
 #include "shell/StateText.hpp"
+#include "json/PlanJson.hpp"
 
 #include <fstream>
 #include <iostream>
@@ -13,11 +13,28 @@
 namespace lanctl::shell
 {
 
-Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool json)
+namespace
+{
+
+json::Json shownJson(const Shown& shown)
+{
+    json::Json object = json::Json::object();
+    for (const auto& endpoint : shown.endpoints)
+        object["endpoints"].push_back(json::toJson(endpoint));
+    if (shown.setting)
+        object["lan"] = json::toJson(*shown.setting);
+    if (shown.marking)
+        object["marking"] = json::toJson(*shown.marking);
+    return object;
+}
+
+} // namespace
+
+Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson)
 {
     wire::Client client(connectionOptions(choice));
     const Shown shown = readObjects(client, objects);
-    std::cout << (json ? stateJson(shown) : stateText(shown));
+    std::cout << (asJson ? json::text(shownJson(shown)) : stateText(shown));
     return Exit::Done;
 }
 
@@ -36,12 +53,15 @@ Exit exportState(const ConnectionChoice& choice, const std::string& file)
     return Exit::Done;
 }
 
-Exit diff(const ConnectionChoice& choice, const std::string& file)
+Exit diff(const ConnectionChoice& choice, const std::string& file, bool asJson)
 {
     const model::WantedState wanted = wantedOfFile(file);
     wire::Client client(connectionOptions(choice));
-    const plan::Plan plan = plan::plan(apply::readState(client), wanted);
-    std::cout << changesText(plan.changes);
+    const model::ServerState state = apply::readState(client);
+    const std::string peer = client.connection().peerAddress();
+    const plan::Plan plan = plan::plan(state, wanted, peer);
+    std::cout << (asJson ? json::text(json::toJson(plan, plan::reach(plan, state, peer)))
+                         : changesText(plan.changes));
     return plan.changes.empty() ? Exit::Done : Exit::Differences;
 }
 

@@ -8,10 +8,11 @@
 #include "shell/Terminal.hpp"
 #include "wayback/GuardLoop.hpp"
 #include "wayback/Keeper.hpp"
+#include "wayback/Steady.hpp"
 #include "wayback/TakeBack.hpp"
+#include "json/HistoryJson.hpp"
 
 #include <iostream>
-#include <nlohmann/json.hpp>
 
 namespace lanctl::shell
 {
@@ -19,7 +20,7 @@ namespace lanctl::shell
 namespace
 {
 
-using Json = nlohmann::ordered_json;
+using json::Json;
 using wayback::Entry;
 using wayback::History;
 using wayback::Progress;
@@ -53,28 +54,13 @@ std::string stateText(const History& history, const Entry& entry)
     if (!isGuarded(history))
         return "cut off; `lanctl rollback` takes it back, `lanctl confirm` keeps it";
     const Progress progress = progressOf(history, entry);
-    const std::string seconds = std::to_string(secondsUntil(progress.until)) + " s";
+    const std::string seconds = std::to_string(wayback::secondsUntil(progress.until)) + " s";
     if (progress.phase == Progress::Phase::Waiting)
         return "taken back in " + seconds + " unless `lanctl confirm` keeps it";
     if (progress.phase == Progress::Phase::TakingBack)
         return "on its way back after " + std::to_string(progress.attempts) + " tries, the next in " +
                seconds + (progress.trouble.empty() ? "" : ": " + progress.trouble);
     return "being made";
-}
-
-Json statusJson(const History& history, const Entry& entry)
-{
-    static const char* const phases[] = {"changing", "waiting", "taking-back", "taking-back"};
-    const bool guarded = isGuarded(history);
-    const Progress progress = progressOf(history, entry);
-    return {{"server", entry.server},
-            {"number", entry.number},
-            {"plan", entry.plan},
-            {"state", guarded ? phases[static_cast<std::size_t>(progress.phase)] : "cut-off"},
-            {"seconds", guarded ? Json(secondsUntil(progress.until)) : Json(nullptr)},
-            {"attempts", progress.attempts},
-            {"trouble", progress.trouble},
-            {"former-state", history.formerStatePath(entry.number)}};
 }
 
 void showPlan(const Entry& entry)
@@ -150,7 +136,7 @@ model::WantedState possibleState(const ConnectionChoice& choice, const model::Wa
     const wayback::Possible possible =
         wayback::possible(apply::readState(client), former, client.connection().peerAddress());
     for (const auto& refusal : possible.impossible)
-        std::cout << "Not to be taken back: "
+        std::cerr << "Not to be taken back: "
                   << harmless(refusal.object + " " + refusal.key + ": " + refusal.text) << "\n";
     return possible.wanted;
 }
@@ -168,7 +154,7 @@ Exit confirm(const ConnectionChoice& choice, bool abandon)
                               : endUnguarded(history, *entry, abandon);
 }
 
-Exit status(bool json)
+Exit status(bool asJson)
 {
     Json list = Json::array();
     bool any = false;
@@ -177,39 +163,34 @@ Exit status(bool json)
         if (!entry)
             continue;
         any = true;
-        list.push_back(statusJson(history, *entry));
-        if (json)
+        list.push_back(json::openJson(*entry, history));
+        if (asJson)
             continue;
         std::cout << harmless(entry->server) << ", change " << entry->number << " of " << entry->time
                   << " by " << harmless(entry->user) << ": " << harmless(stateText(history, *entry)) << "\n";
         showPlan(*entry);
     }
-    if (json)
-        std::cout << list.dump(2, ' ', true) << "\n";
+    if (asJson)
+        std::cout << json::text(list);
     else if (!any)
         std::cout << "No change waits.\n";
     return Exit::Done;
 }
 
-Exit history(const ConnectionChoice& choice, bool json)
+Exit history(const ConnectionChoice& choice, bool asJson)
 {
     const History history = wayback::historyOf(serverLabel(choice));
     Json list = Json::array();
     for (const Entry& entry : history.entries()) {
-        list.push_back({{"number", entry.number},
-                        {"time", entry.time},
-                        {"user", entry.user},
-                        {"result", wayback::resultText(entry.result)},
-                        {"plan", entry.plan},
-                        {"former-state", history.formerStatePath(entry.number)}});
-        if (json)
+        list.push_back(json::toJson(entry, history));
+        if (asJson)
             continue;
         std::cout << entry.number << "  " << entry.time << "  " << harmless(entry.user) << "  "
                   << wayback::resultText(entry.result) << "\n";
         showPlan(entry);
     }
-    if (json)
-        std::cout << list.dump(2, ' ', true) << "\n";
+    if (asJson)
+        std::cout << json::text(list);
     else if (list.empty())
         std::cout << "No change yet.\n";
     return Exit::Done;

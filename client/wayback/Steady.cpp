@@ -1,5 +1,6 @@
 #include "wayback/Steady.hpp"
 
+#include <algorithm>
 #include <ctime>
 #include <fstream>
 
@@ -12,6 +13,13 @@ std::chrono::milliseconds sinceBoot()
     clock_gettime(CLOCK_BOOTTIME, &now);
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::seconds(now.tv_sec) +
                                                                  std::chrono::nanoseconds(now.tv_nsec));
+}
+
+long secondsUntil(std::chrono::milliseconds time)
+{
+    constexpr long aSecond = 1000;
+    const long rest = (time - sinceBoot()).count();
+    return std::max(0L, (rest + aSecond - 1) / aSecond);
 }
 
 std::string bootId()

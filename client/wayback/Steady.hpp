@@ -11,6 +11,9 @@ namespace lanctl::wayback
 /// same.
 std::chrono::milliseconds sinceBoot();
 
+/// Whole seconds until that time since boot, never below 0.
+long secondsUntil(std::chrono::milliseconds time);
+
 /// Names this run of the machine: times since its start mean nothing in another one.
 std::string bootId();
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace lanctl::shell
+namespace lanctl::plan
 {
 
 struct Advice {
@@ -20,4 +20,4 @@ const std::vector<Advice>& allAdvice();
 /// The advice for a text, or "" when there is none.
 std::string adviceFor(const std::string& text, const std::string& identifier);
 
-} // namespace lanctl::shell
+} // namespace lanctl::plan

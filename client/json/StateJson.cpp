@@ -1,16 +1,12 @@
-#include "shell/StateJson.hpp"
+#include "json/StateJson.hpp"
 
 #include "model/Marking.hpp"
 
-#include <nlohmann/json.hpp>
-
-namespace lanctl::shell
+namespace lanctl::json
 {
 
 namespace
 {
-
-using Json = nlohmann::ordered_json;
 
 /// 1 is true and 2 false in both state properties; null when the server could not tell.
 Json stateJson(const std::optional<std::uint16_t>& state)
@@ -27,7 +23,9 @@ std::string harmlessJson(std::string text)
     return text;
 }
 
-Json endpointJson(const model::Endpoint& endpoint)
+} // namespace
+
+Json toJson(const model::Endpoint& endpoint)
 {
     return {{"name", endpoint.name},
             {"description", endpoint.description},
@@ -42,7 +40,7 @@ Json endpointJson(const model::Endpoint& endpoint)
             {"mac", endpoint.macAddress}};
 }
 
-Json settingJson(const model::Setting& setting)
+Json toJson(const model::Setting& setting)
 {
     return {{"domain", setting.domainName},
             {"dns1", setting.primaryDns},
@@ -54,6 +52,9 @@ Json settingJson(const model::Setting& setting)
             {"router-card", setting.routerPresent}};
 }
 
+namespace
+{
+
 Json markJson(const model::Mark& mark)
 {
     const auto name = model::dscpName(mark.effective());
@@ -61,7 +62,9 @@ Json markJson(const model::Mark& mark)
         {"tos", mark.effective()}, {"dscp", name ? Json(*name) : Json(nullptr)}, {"custom", mark.isCustom()}};
 }
 
-Json markingJson(const model::Marking& marking)
+} // namespace
+
+Json toJson(const model::Marking& marking)
 {
     Json json{{"enabled", marking.enabled}};
     for (const model::Flow flow : model::allFlows)
@@ -69,21 +72,9 @@ Json markingJson(const model::Marking& marking)
     return json;
 }
 
-} // namespace
-
-std::string stateJson(const Shown& shown)
+std::string text(const Json& json)
 {
-    Json json = Json::object();
-    if (!shown.endpoints.empty()) {
-        json["endpoints"] = Json::array();
-        for (const auto& endpoint : shown.endpoints)
-            json["endpoints"].push_back(endpointJson(endpoint));
-    }
-    if (shown.setting)
-        json["lan"] = settingJson(*shown.setting);
-    if (shown.marking)
-        json["marking"] = markingJson(*shown.marking);
     return harmlessJson(json.dump(2, ' ', true, Json::error_handler_t::replace)) + "\n";
 }
 
-} // namespace lanctl::shell
+} // namespace lanctl::json

@@ -1,6 +1,6 @@
-#include "shell/Advice.hpp"
+#include "plan/Advice.hpp"
 
-namespace lanctl::shell
+namespace lanctl::plan
 {
 
 const std::vector<Advice>& allAdvice()
@@ -62,4 +62,4 @@ std::string adviceFor(const std::string& text, const std::string& identifier)
     return {};
 }
 
-} // namespace lanctl::shell
+} // namespace lanctl::plan
