@@ -1,5 +1,5 @@
 // The advice of lanctl is that of docs/messages.md, row by row.
-#include "shell/Advice.hpp"
+#include "plan/Advice.hpp"
 
 #include <algorithm>
 #include <fstream>
@@ -7,7 +7,7 @@
 #include <map>
 #include <sstream>
 
-using namespace lanctl::shell;
+using namespace lanctl::plan;
 
 namespace
 {
