@@ -10,3 +10,12 @@ configure() {
     [[ -z $former || $former -ef . ]] || set -- --fresh "$@"
     cmake --preset "$preset" "$@"
 }
+
+# configure_openwbem PREFIX: makes build/openwbem ready for the OpenWBEM that is installed in PREFIX. The platform is the
+# stand-in's, which needs no object manager. Classes that were imported before may have changed since.
+configure_openwbem() {
+    configure dev && nice cmake --build build/dev --target kv_platform &&
+        configure openwbem "-DOPENWBEM_ROOT=$1" \
+            "-DKV_PLATFORM_LIBRARIES=$PWD/build/dev/standins/platform/libkvplatform.so" &&
+        rm -rf build/openwbem/openwbem-repository
+}

@@ -52,7 +52,8 @@ std::vector<std::string> mofFiles(const std::string& path)
 
 ObjectManager::ObjectManager(const ObjectManagerOptions& options,
                              const ProviderEnvironmentIFCRef& environment)
-    : m_loader(options.providerDirectories, environment), m_operations(m_repository, m_loader, environment),
+    : m_loader(options.providerDirectories, environment),
+      m_operations(m_repository, m_loader, environment, options.hasBareNames),
       m_intrinsicCalls(m_repository, m_operations), m_isParallel(options.isParallel)
 {
     for (const std::string& path : options.mof) {

@@ -20,7 +20,8 @@ class CimXmlMessage;
 struct ObjectManagerOptions {
     std::vector<std::string> mof; // files, or directories of .mof files
     std::vector<std::string> providerDirectories;
-    bool isParallel = false; // reads run side by side, as in OpenWBEM
+    bool isParallel = false;   // reads run side by side, as in OpenWBEM
+    bool hasBareNames = false; // see Operations
 };
 
 // The code and text of a CIM error.

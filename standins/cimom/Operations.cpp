@@ -102,8 +102,8 @@ ReadOptions everything()
 } // namespace
 
 Operations::Operations(const ClassRepository& repository, ProviderLoader& loader,
-                       const ProviderEnvironmentIFCRef& environment)
-    : m_repository(repository), m_loader(loader), m_environment(environment)
+                       const ProviderEnvironmentIFCRef& environment, bool hasBareNames)
+    : m_repository(repository), m_loader(loader), m_environment(environment), m_hasBareNames(hasBareNames)
 {
 }
 
@@ -154,7 +154,7 @@ void Operations::enumerateInstances(const String& nameSpace, const String& class
             continue;
         }
         const auto named = [&](const CIMInstance& instance) {
-            handler(instanceName(instance, cimClass), instance);
+            handler(m_hasBareNames ? bareName(instance) : instanceName(instance, cimClass), instance);
         };
         Forwarder<CIMInstance, decltype(named)> results(named);
         instanceProvider(provider).enumInstances(

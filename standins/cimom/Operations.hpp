@@ -38,8 +38,9 @@ class Operations
         OpenWBEM::CIMParamValueArray out;
     };
 
+    // Bare names of enumerated instances, as OpenWBEM has them, hold only the keys that the instances mark.
     Operations(const ClassRepository& repository, ProviderLoader& loader,
-               const OpenWBEM::ProviderEnvironmentIFCRef& environment);
+               const OpenWBEM::ProviderEnvironmentIFCRef& environment, bool hasBareNames = false);
 
     void enumerateInstanceNames(const OpenWBEM::String& nameSpace, const OpenWBEM::String& className,
                                 const NameHandler& handler);
@@ -80,6 +81,7 @@ class Operations
     const ClassRepository& m_repository;
     ProviderLoader& m_loader;
     OpenWBEM::ProviderEnvironmentIFCRef m_environment;
+    bool m_hasBareNames;
 };
 
 } // namespace cimom

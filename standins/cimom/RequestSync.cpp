@@ -86,6 +86,11 @@ CIMParamValueArray syncedArguments(const CIMParamValueArray& arguments, const CI
     return result;
 }
 
+CIMObjectPath bareName(const CIMInstance& instance)
+{
+    return CIMObjectPath(instance.getClassName(), instance.getKeyValuePairs());
+}
+
 CIMObjectPath instanceName(const CIMInstance& instance, const CIMClass& cimClass)
 {
     CIMPropertyArray keys = instance.getKeyValuePairs();

@@ -30,6 +30,9 @@ OpenWBEM::CIMInstance restrictedTo(const OpenWBEM::StringArray& names, const Ope
 OpenWBEM::CIMParamValueArray syncedArguments(const OpenWBEM::CIMParamValueArray& arguments,
                                              const OpenWBEM::CIMMethod& method);
 
+// The name of an instance with no other keys than those that it marks.
+OpenWBEM::CIMObjectPath bareName(const OpenWBEM::CIMInstance& instance);
+
 // The name of an instance: its own keys, or, when its provider gave it none, those of its properties that the
 // class has as keys.
 OpenWBEM::CIMObjectPath instanceName(const OpenWBEM::CIMInstance& instance,

@@ -52,6 +52,8 @@ void declare(CLI::App& app, Options& options)
         ->capture_default_str();
     app.add_flag("--parallel", options.objectManager.isParallel,
                  "run reads side by side, as OpenWBEM does; without it one request at a time");
+    app.add_flag("--bare-names", options.objectManager.hasBareNames,
+                 "name enumerated instances as OpenWBEM does, without keys that they do not mark");
     app.add_option("--unload-after", options.unloadAfter,
                    "seconds after which an idle provider is unloaded, 0: never")
         ->capture_default_str();

@@ -10,8 +10,17 @@ from cim_xml import (cim_headers, create_instance, delete_instance, enumerate_in
                      get_instance, intrinsic_call, message, modify_instance)
 from server import CHECKOUT, RUN, Server
 
+OBJECT_MANAGER = CHECKOUT / "standins/server/object-manager"
+WITH_OBJECT_MANAGER = CHECKOUT / "standins/server/with-object-manager"
+
+# The installed OpenWBEM whose object manager runs on the server; None: kv-cimom does.
+OPENWBEM = os.environ.get("KV_OPENWBEM_ROOT")
+
 BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
-LIBRARY_DIRS = {"plain": BUILD / "src", "serialising": BUILD / "src/serialising"}
+# OpenWBEM, which runs reads side by side, bears only one variant, and a build for it delivers that one.
+LIBRARY_DIRS = ({"serialising": BUILD / "src"} if OPENWBEM else
+                {"plain": BUILD / "src", "serialising": BUILD / "src/serialising"})
+DEFAULT_VARIANT = next(iter(LIBRARY_DIRS))
 
 # Posts the body that comes on standard input; prints the answer's body.
 POST = """
@@ -33,12 +42,26 @@ class CIMError(Exception):
 
 
 class ManagedServer(Server):
-    """A disposable server with the object manager running on it, and in that one variant of the library."""
+    """A disposable server with the object manager running on it, and in that one variant of the library. The options are
+    those of with-object-manager."""
 
-    def __init__(self, variant="plain"):
+    def __init__(self, *options, variant=DEFAULT_VARIANT):
         environment = os.environ | {"KV_LIBRARY_DIR": str(LIBRARY_DIRS[variant])}
-        super().__init__(run=(RUN, CHECKOUT / "standins/server/with-object-manager"), environment=environment)
+        super().__init__(run=(RUN, WITH_OBJECT_MANAGER, *options), environment=environment)
         self.events_seen = 0
+
+    def restart_object_manager(self):
+        self.sh(f"{shlex.quote(str(OBJECT_MANAGER))} stop; {shlex.quote(str(OBJECT_MANAGER))} start")
+
+    def has_library(self):
+        """Whether the object manager has the provider's library loaded."""
+        return "/libLANProvider.so" in self.sh("cat /proc/$(cat /run/object-manager.pid)/maps")
+
+    @staticmethod
+    def enumerated_name(class_name, keys):
+        """The name that an enumerated instance with these keys has. OpenWBEM makes it of the properties with a Key qualifier,
+        and the provider's have none."""
+        return class_name, {} if OPENWBEM else keys
 
     def wbemcli(self, *arguments):
         """What wbemcli prints, errors included; wbemcli's own exit status says nothing."""

@@ -3,13 +3,23 @@ import subprocess
 
 import pytest
 
-from cim import ManagedServer
+from cim import DEFAULT_VARIANT, LIBRARY_DIRS, OPENWBEM, ManagedServer
 from server import RUN, Server
 
 MISSING_PERMISSION = 77
 
 # The tests' servers keep their state to themselves, whatever the environment of the tests says.
 os.environ.pop("KV_STATE_DIR", None)
+
+
+def pytest_collection_modifyitems(config, items):
+    """An installed OpenWBEM concerns the tests of what it serves. All others are about this project's own programs: kv-cimom,
+    the server, ./run and ./test, the packages."""
+    if not OPENWBEM:
+        return
+    others = [item for item in items if not {"managed", "unloading"} & set(item.fixturenames)]
+    config.hook.pytest_deselected(items=others)
+    items[:] = [item for item in items if item not in others]
 
 
 @pytest.fixture(scope="session", autouse=True)
@@ -35,16 +45,23 @@ def pytest_generate_tests(metafunc):
     """KV_LIBRARY_VARIANT chooses the variant that all tests run with."""
     if "managed" not in metafunc.fixturenames:
         return
-    variants = [os.environ.get("KV_LIBRARY_VARIANT", "plain")]
+    variants = [os.environ.get("KV_LIBRARY_VARIANT", DEFAULT_VARIANT)]
     if metafunc.definition.get_closest_marker("both_variants"):
-        variants = ["plain", "serialising"]
+        variants = list(LIBRARY_DIRS)
     metafunc.parametrize("managed", variants, indirect=True)
 
 
 @pytest.fixture
 def managed(request):
     """A server with the object manager on it, the provider initialised, the events of all this passed over."""
-    with ManagedServer(request.param) as started:
+    with ManagedServer(variant=request.param) as started:
         started.names("ORX_LANEndpoint")
         started.events()
+        yield started
+
+
+@pytest.fixture
+def unloading():
+    """The same, with an object manager that unloads idle libraries."""
+    with ManagedServer("--unload-idle") as started:
         yield started

@@ -7,7 +7,8 @@ import subprocess
 
 import pytest
 
-from cimom import CLASSES, DATA, PROGRAM, ObjectManager, ask, get_port
+from cim_xml import enumerate_instances
+from cimom import CLASSES, DATA, PROGRAM, ObjectManager, ask, get_port, intrinsic, message_in
 
 
 def run(*arguments):
@@ -100,6 +101,14 @@ def test_configuration_items_and_levels_are_accepted():
     done = run(*CLASSES, "--config", "a.b=c", "--log-level", "info", "call", "enumerateInstanceNames", "SAMPLE_Service")
     assert done.returncode == 0
     assert "INFO Found provider SampleProvider\n" in done.stderr
+
+
+@pytest.mark.parametrize("options, keys", [((), 4), (("--bare-names",), 0)])
+def test_enumerated_instances_have_bare_names_when_asked_for(options, keys):
+    with ObjectManager(*options) as manager, manager.connect() as connection:
+        _, body = ask(connection, intrinsic(enumerate_instances("SAMPLE_Port")))
+    names = list(message_in(body).iter("INSTANCENAME"))
+    assert [len(name) for name in names] == [keys] * 3
 
 
 def test_idle_providers_are_unloaded(tmp_path):

@@ -35,9 +35,9 @@ def test_names_the_three_interfaces_in_order(managed):
 
 
 @pytest.mark.both_variants
-def test_enumerates_the_interfaces_with_complete_names(managed):
+def test_enumerates_the_interfaces_under_their_names(managed):
     found = managed.instances(CLASS)
-    assert [name for name, _ in found] == [(CLASS, keys_of(f"eth{number}")) for number in range(3)]
+    assert [name for name, _ in found] == [managed.enumerated_name(CLASS, keys_of(f"eth{number}")) for number in range(3)]
     assert [instance.values["Description"] for _, instance in found] == ["Internal LAN", "Customer LAN", "OAM LAN"]
     assert [instance.values["IPAddress"] for _, instance in found] == ["192.168.10.1", "10.0.0.5", "172.16.2.1"]
     assert [instance.values["DefaultGateway"] for _, instance in found] == ["", "10.0.0.1", ""]

@@ -128,6 +128,52 @@ def test_the_state_directory_of_the_caller_does_not_reach_a_soak_run(project, mo
     assert "   state none\n" in run(project, "--soak", "1").stdout
 
 
+@pytest.fixture
+def with_openwbem(project):
+    """The project with a system test, a server that is played, and an installation beside it."""
+    (project / "installed/sbin").mkdir(parents=True)
+    play(project, "../installed/sbin/owcimomd", "true")
+    (project / "standins/server").mkdir(parents=True)
+    play(project, "../standins/server/run", 'echo "$KV_OPENWBEM_ROOT $KV_BUILD_DIR ${KV_STATE_DIR-}"; echo all came true')
+    play(project, "ctest", 'echo "ctest $*" >>called')
+    (project / "tests/system").mkdir()
+    (project / "tests/system/test_served.py").write_text(
+        "import os\n\ndef test_served():\n"
+        f"    assert os.environ['KV_OPENWBEM_ROOT'] == '{project}/installed'\n"
+        f"    assert os.environ['KV_BUILD_DIR'] == '{project}/build/openwbem'\n")
+    return project
+
+
+def test_the_lane_of_an_installed_openwbem_builds_tests_tours_and_serves(with_openwbem, monkeypatch):
+    monkeypatch.chdir(with_openwbem.parent)
+    monkeypatch.setenv("KV_STATE_DIR", str(with_openwbem))
+    done = run(with_openwbem, "--openwbem", f"{with_openwbem.name}/installed")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "2 passed, 0 failed"), done.stdout
+    assert "   the tour: all came true\n" in done.stdout
+    assert (with_openwbem / "build/logs/openwbem-tour.log").read_text().startswith(
+        f"{with_openwbem}/installed {with_openwbem}/build/openwbem \n")
+    called = (with_openwbem / "called").read_text()
+    assert f"cmake --preset openwbem -DOPENWBEM_ROOT={with_openwbem}/installed " in called
+    assert "cmake --build build/openwbem " in called and "ctest --test-dir build/openwbem " in called
+
+
+@pytest.mark.parametrize("part", ["ctest", "tour", "system"])
+def test_a_part_of_that_lane_that_fails_does_not_hide_the_others(with_openwbem, part):
+    if part == "system":
+        (with_openwbem / "tests/system/test_served.py").write_text("def test_served():\n    assert False\n")
+    else:
+        play(with_openwbem, {"ctest": "ctest", "tour": "../standins/server/run"}[part], "echo not so; exit 1")
+    done = run(with_openwbem, "--openwbem", str(with_openwbem / "installed"))
+    assert (done.returncode, "== failed: openwbem" in done.stdout) == (1, True)
+    assert done.stdout.splitlines()[-1] == ("2 passed, 0 failed" if part == "ctest" else "1 passed, 1 failed")
+
+
+def test_the_lane_of_an_openwbem_that_is_not_installed_is_refused(project):
+    done = run(project, "--openwbem", "/nowhere")
+    assert (done.returncode, done.stdout) == (
+        2, "test: --openwbem needs the prefix of an installation: no owcimomd in /nowhere/sbin\n")
+
+
 def test_it_may_be_started_through_a_link(project, tmp_path_factory):
     link = tmp_path_factory.mktemp("elsewhere") / "test"
     link.symlink_to(project / "test")

@@ -143,7 +143,8 @@ def test_help_names_every_form():
 
 
 @pytest.mark.parametrize("arguments", [
-    ["unknown"], ["shell", "extra"], ["serve", "5988"], ["serve", "--port"],
+    ["unknown"], ["shell", "extra"], ["shell", "--port", "5988"], ["serve", "5988"], ["serve", "--port"],
+    ["serve", "--openwbem"], ["shell", "--openwbem", ""], ["bench", "--openwbem", "/usr"],
     *(["serve", "--port", *values] for values in (["x"], ["5x"], ["5988", "junk"], ["0"], ["65536"], ["-1"], ["5988 junk"])),
 ])
 def test_a_wrong_command_line_shows_the_usage(arguments):
@@ -169,13 +170,13 @@ WITH_OBJECT_MANAGER = str(CHECKOUT / "standins/server/with-object-manager")
 def test_a_wrong_command_line_of_the_object_managers_companion_shows_its_usage(arguments):
     done = subprocess.run([WITH_OBJECT_MANAGER, *arguments], capture_output=True, text=True, check=False)
     assert (done.returncode, done.stdout) == (2, "")
-    assert done.stderr == "usage: with-object-manager [--port PORT] COMMAND [ARGUMENT...]\n"
+    assert done.stderr == "usage: with-object-manager [--port PORT] [--unload-idle] COMMAND [ARGUMENT...]\n"
 
 
 def test_the_object_manager_is_not_started_outside_of_the_server():
     done = subprocess.run([WITH_OBJECT_MANAGER, "true"], capture_output=True, text=True, check=False)
     assert (done.returncode, done.stdout) == (2, "")
-    assert done.stderr.startswith("with-object-manager: this is not the disposable server; ")
+    assert done.stderr.startswith("object-manager: this is not the disposable server; ")
 
 
 def test_a_checkout_may_lie_in_a_path_with_a_blank(tmp_path):

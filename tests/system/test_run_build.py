@@ -97,6 +97,28 @@ def test_a_build_tree_from_where_the_checkout_lay_before_is_made_anew(project):
     assert (status, out.splitlines()[-1].split()[0], err) == (0, "server", "")
 
 
+def test_an_installed_openwbem_is_named_from_where_the_caller_is(project, monkeypatch):
+    (project.parent / "installed/sbin").mkdir(parents=True)
+    play(project.parent / "installed/sbin/owcimomd", "true")
+    play(project / "standins/server/run", 'echo "$KV_OPENWBEM_ROOT $KV_BUILD_DIR"')
+    monkeypatch.chdir(project.parent)
+    status, out, err = run(project, "shell", "--openwbem", "installed")
+    assert (status, err) == (0, "")
+    assert out.splitlines()[-1] == f"{project.parent}/installed {project}/build/openwbem"
+    assert (project / "called").read_text() == (
+        "cmake --preset dev\n"
+        "cmake --build build/dev --target kv_platform\n"
+        f"cmake --preset openwbem -DOPENWBEM_ROOT={project.parent}/installed "
+        f"-DKV_PLATFORM_LIBRARIES={project}/build/dev/standins/platform/libkvplatform.so\n"
+        "ninja -C build/openwbem LANProvider kv_netfilter\n")
+
+
+def test_a_folder_without_openwbem_is_told_before_anything_is_built(project):
+    assert run(project, "serve", "--openwbem", "/nowhere") == (
+        1, "", "run: no OpenWBEM is installed there: /nowhere/sbin/owcimomd\n")
+    assert not (project / "called").exists()
+
+
 @pytest.mark.parametrize("word", ["serve --port 6000", "shell ", "tour bench"])
 def test_several_words_in_one_are_no_command(project, word):
     status, out, err = run(project, word)

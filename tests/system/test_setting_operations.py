@@ -31,7 +31,7 @@ def test_names_the_one_instance_with_an_empty_identifier(managed):
 @pytest.mark.both_variants
 def test_enumerates_and_reads_the_one_instance(managed):
     [(name, enumerated)] = managed.instances(CLASS)
-    assert name == (CLASS, KEYS)
+    assert name == managed.enumerated_name(CLASS, KEYS)
     assert enumerated.values == VALUES
     read = managed.get(CLASS, {"InstanceID": "any other"})
     assert list(read.values.items()) == list(VALUES.items())
