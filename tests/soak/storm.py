@@ -1,8 +1,9 @@
 """Storm, run on the disposable server: eight clients read and change at once.
 
-usage: storm.py REQUESTS plain|serialising [OPTION...]
+usage: storm.py REQUESTS plain|serialising [OPTION...] | storm.py REQUESTS at PORT
 
-The variant is the library's, the options are the object manager's. Every answer must be what a client that is alone gets, but for
+The variant is the library's, the options are those of a kv-cimom that is started; or the object manager that listens at the port
+is asked. Every answer must be what a client that is alone gets, but for
 the values that the changes set. Status 1 when one is not, 2 when a request fails.
 """
 import concurrent.futures
@@ -49,18 +50,26 @@ def drive(port, requests):
         return [answer for turn in turns for answer in turn.result()]
 
 
-def main(requests, variant, *options):
+def drive_own(requests, variant, *options):
+    """The wrong answers, the status of the kv-cimom that gave them, and what is to be said of it."""
     manager = Manager(*options, variant=variant)
+    wrong = drive(manager.port, requests)
+    status = manager.stop()
+    return wrong, status, f"{variant} library, kv-cimom {' '.join(options)} ended with status {status}"
+
+
+def main(requests, subject, *arguments):
     try:
-        wrong = drive(manager.port, requests)
+        if subject == "at":
+            wrong, status, told = drive(int(arguments[0]), requests), 0, f"the object manager at port {arguments[0]}"
+        else:
+            wrong, status, told = drive_own(requests, subject, *arguments)
     except (RuntimeError, OSError) as failure:
         print(f"storm: a request failed: {failure}")
         return 2
-    status = manager.stop()
     for answer in wrong[:1]:
         print(answer.decode())
-    print(f"storm: {CLIENTS} clients, {requests} requests, {variant} library, {len(wrong)} wrong answers, "
-          f"kv-cimom {' '.join(options)} ended with status {status}")
+    print(f"storm: {CLIENTS} clients, {requests} requests, {len(wrong)} wrong answers, {told}")
     return 0 if status == 0 and not wrong else 1
 
 

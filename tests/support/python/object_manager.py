@@ -81,7 +81,7 @@ class Client:
     def send(self, request):
         """The answer's body. An HTTP status other than 200 or a CIM error is a RuntimeError."""
         self.socket.sendall(request)
-        answer = self.socket.recv(65536)
+        answer = self._more()
         while b"\r\n\r\n" not in answer:
             answer += self._more()
         head, _, body = answer.partition(b"\r\n\r\n")
@@ -93,6 +93,8 @@ class Client:
         return body
 
     def _more(self):
+        # OpenWBEM sends an answer in small pieces and waits for the acknowledgement of one before the next.
+        self.socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_QUICKACK, 1)
         part = self.socket.recv(65536)
         if not part:
             raise RuntimeError("the object manager has closed the connection")
