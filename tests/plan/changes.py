@@ -40,7 +40,7 @@ ENDPOINT = {
     "mask": lambda random: mostly(random, MASKS, USELESS_MASKS),
     "gateway": gateway,
     "mtu": lambda random: mostly(random, MTUS, USELESS_MTUS),
-    "dhcp": lambda random: random.random() < 0.3,
+    "dhcp": lambda random: random.random() < 0.2,
 }
 SETTING = {
     "domain": lambda random: mostly(random, DOMAINS, USELESS_DOMAINS + [LONG_DOMAIN], 0.35),
@@ -62,18 +62,31 @@ def endpoint_change(random):
     return {random.choice(["eth0", "eth1", "eth1", "eth2"]): some(random, ENDPOINT, 0.35)}
 
 
+def dhcp_change(random):
+    """DHCP switched, alone or beside other values."""
+    name = random.choice(["eth0", "eth1", "eth1", "eth2"])
+    beside = some(random, ENDPOINT, 0.2) if random.random() < 0.4 else {}
+    return {name: {**beside, "dhcp": random.random() < 0.5}}
+
+
+def repair(_random):
+    """The customer LAN as it was delivered, with a gateway that it reaches: others leave it without one before long."""
+    return {"eth1": {"dhcp": False, "address": "10.0.0.5", "mask": "255.255.255.0", "gateway": "10.0.0.1"}}
+
+
 def several_endpoints(random):
     return {name: some(random, ENDPOINT, 0.25) for name in random.sample(["eth0", "eth1", "eth2"], random.choice([2, 3]))}
 
 
+ENDPOINT_CHANGES = {endpoint_change: 45, several_endpoints: 13, dhcp_change: 14, repair: 6}
+
+
 def wanted(random):
     """A wanted state as lanctl reads it from a file."""
-    kind = random.choices(["endpoint", "endpoints", "setting", "marking", "all"], [50, 15, 17, 10, 8])[0]
+    kind = random.choices(["endpoints", "setting", "marking", "all"], [70, 14, 9, 7])[0]
     state = {}
-    if kind in ("endpoint", "all"):
-        state["endpoints"] = endpoint_change(random)
-    if kind == "endpoints":
-        state["endpoints"] = several_endpoints(random)
+    if kind in ("endpoints", "all"):
+        state["endpoints"] = random.choices([*ENDPOINT_CHANGES], [*ENDPOINT_CHANGES.values()])[0](random)
     if kind in ("setting", "all"):
         state["lan"] = some(random, SETTING, 0.3)
     if kind in ("marking", "all"):

@@ -115,7 +115,8 @@ def first_refusals(plan):
     """What the server refuses first of each object."""
     first = {}
     for refusal in plan["refusals"]:
-        first.setdefault(refusal["object"], text_of(refusal))
+        if refusal["by server"]:
+            first.setdefault(refusal["object"], text_of(refusal))
     return first
 
 
@@ -156,12 +157,15 @@ def one_change(probe, events, wanted):
     """The kind of outcome, for the statistics."""
     plan = probe.plan(wanted)
     events.count()
-    if any(not refusal["by server"] for refusal in plan["refusals"]):
-        return "refused by lanctl alone"
+    own = {refusal["key"] for refusal in plan["refusals"] if not refusal["by server"]}
+    if "domain" in own:  # would end the object manager
+        return "not sent: a domain too long"
     refusal = send_all(probe, events, plan)
     if refusal:
         return f"refused: {refusal}"
     look_back(probe, plan, wanted)
+    if "dhcp" in own:
+        return "taken, but refused by lanctl: DHCP without a gateway"
     return "taken" if plan["requests"] else "nothing to send"
 
 

@@ -223,7 +223,7 @@ TEST(EndpointPlan, ARefusedPlanSendsNothing)
     eth1.mtu = 1400;
     eth1.ipAddress = "10.0.0.0";
     const Plan plan = planOf(server(), eth1);
-    EXPECT_THAT(refusals(plan), ElementsAre(std::string("eth1 address: ") + invalid));
+    ASSERT_THAT(refusals(plan), ElementsAre(std::string("eth1 address: ") + invalid));
     EXPECT_EQ(plan.refusals.front().why, "The host part of 10.0.0.0/24 is zero.");
     EXPECT_THAT(plan.requests, IsEmpty());
     EXPECT_TRUE(plan.impact().none());
@@ -253,7 +253,7 @@ TEST(EndpointPlan, WithARouterCardEvenAnMtuNeedsAGateway)
     auto eth0 = wanted("eth0");
     eth0.mtu = 1400;
     const Plan refused = planOf(state, eth0);
-    EXPECT_THAT(refusals(refused), ElementsAre(std::string("eth0 gateway: ") + invalid));
+    ASSERT_THAT(refusals(refused), ElementsAre(std::string("eth0 gateway: ") + invalid));
     EXPECT_EQ(refused.refusals.front().why.find("The server checks the address with every change"), 0U);
     eth0.defaultGateway = "10.0.0.1";
     const Plan plan = planOf(state, eth0);

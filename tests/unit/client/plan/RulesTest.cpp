@@ -101,7 +101,7 @@ TEST(Rules, AnUnreadableNeighbourBlocksEveryChange)
     auto state = server();
     endpoint(state, "eth2").ipAddress = "garbage";
     const auto refusal = judgeAddresses(endpoint(state, "eth1"), state);
-    EXPECT_EQ(verdict(refusal), std::string("address: ") + overlaps);
+    ASSERT_EQ(verdict(refusal), std::string("address: ") + overlaps);
     EXPECT_EQ(refusal->why, "The address of eth2 cannot be read as one.");
 }
 
@@ -147,7 +147,7 @@ TEST(Rules, ADomainIsALetterAndThenLettersDigitsDotsAndHyphens)
                             "st\xc3\xa4"
                             "dte"}) {
         const auto refusal = judgeDomain(bad);
-        EXPECT_EQ(verdict(refusal), "domain: Invalid domain name") << bad;
+        ASSERT_EQ(verdict(refusal), "domain: Invalid domain name") << bad;
         EXPECT_TRUE(refusal->byServer);
         EXPECT_EQ(refusal->identifier, "LAN_ERROR_domainNameBadFormat");
     }
@@ -169,7 +169,7 @@ TEST(Rules, ANameServerIsEmptyOrUsable)
     EXPECT_FALSE(judgeNameServer("dns1", ""));
     EXPECT_FALSE(judgeNameServer("dns1", "10.0.0.9"));
     const auto refusal = judgeNameServer("dns2", "127.0.0.53");
-    EXPECT_EQ(verdict(refusal), std::string("dns2: ") + invalid);
+    ASSERT_EQ(verdict(refusal), std::string("dns2: ") + invalid);
     EXPECT_EQ(refusal->identifier, "LAN_ERROR_invalidIP");
 }
 
