@@ -147,7 +147,9 @@ TEST_F(Http, BodiesBeyondTheLimitAreRefusedBeforeTheyArrive)
 
 TEST_F(Http, WhoSendsAnOversizedBodyToItsEndStillReadsTheRefusal)
 {
-    EXPECT_EQ(reply(post(std::string(8000000, 'x'))).status, 413);
+    RawClient client(server.port());
+    EXPECT_TRUE(client.send(post(std::string(8000000, 'x')))); // some clients give up where this fails
+    EXPECT_EQ(client.receive().status, 413);
 }
 
 TEST_F(Http, ABadContentLengthIsAnsweredOnce)

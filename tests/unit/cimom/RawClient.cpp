@@ -111,16 +111,17 @@ RawClient::~RawClient()
     close(m_socket);
 }
 
-void RawClient::send(const std::string& bytes)
+bool RawClient::send(const std::string& bytes)
 {
     std::size_t sent = 0;
     while (sent < bytes.size()) {
         const ssize_t n = ::send(m_socket, bytes.data() + sent, bytes.size() - sent, MSG_NOSIGNAL);
         if (n <= 0) {
-            return; // the server hung up; what it said is still to be read
+            return false; // the server hung up; what it said is still to be read
         }
         sent += static_cast<std::size_t>(n);
     }
+    return true;
 }
 
 void RawClient::endSending()

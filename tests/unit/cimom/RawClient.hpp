@@ -28,7 +28,7 @@ class RawClient
     RawClient(const RawClient&) = delete;
     RawClient& operator=(const RawClient&) = delete;
 
-    void send(const std::string& bytes);
+    bool send(const std::string& bytes); // false when the server does not take all of them
     void endSending(); // the server sees the end of the stream
     // The next response, up to its end or to the end of the connection.
     HttpReply receive();
