@@ -25,29 +25,24 @@ namespace
 
 const std::uint32_t longestHeader = 32768;
 
-unsigned number(http::status status)
-{
-    return static_cast<unsigned>(status);
-}
-
-// What a client gets whose request could not be read, or 0 when it has left.
-unsigned statusFor(const boost::system::error_code& error)
+// What a client gets whose request could not be read. Unknown: it has left.
+http::status statusFor(const boost::system::error_code& error)
 {
     if (error == boost::beast::error::timeout) {
-        return number(http::status::request_timeout);
+        return http::status::request_timeout;
     }
     if (error == http::error::body_limit) {
-        return number(http::status::payload_too_large);
+        return http::status::payload_too_large;
     }
     if (error == http::error::header_limit) {
-        return number(http::status::request_header_fields_too_large);
+        return http::status::request_header_fields_too_large;
     }
     if (error == http::error::bad_version) {
-        return number(http::status::http_version_not_supported);
+        return http::status::http_version_not_supported;
     }
     const bool isHttp = error.category() == make_error_code(http::error::bad_method).category();
     const bool hasLeft = error == http::error::end_of_stream || error == http::error::partial_message;
-    return isHttp && !hasLeft ? number(http::status::bad_request) : 0;
+    return isHttp && !hasLeft ? http::status::bad_request : http::status::unknown;
 }
 
 bool isXml(string_view contentType)
@@ -61,30 +56,30 @@ bool isExtended(string_view method)
     return method == "M-POST";
 }
 
-// The status to refuse a request with before its body is read, or 0.
+// The status to refuse a request with before its body is read. Unknown: it is none to refuse.
 template <class Parser>
-unsigned refusal(const Parser& parser)
+http::status refusal(const Parser& parser)
 {
     const auto& request = parser.get();
     if (request.method() != http::verb::post && !isExtended(request.method_string())) {
-        return number(http::status::method_not_allowed);
+        return http::status::method_not_allowed;
     }
     const auto contentType = request.find(http::field::content_type);
     if (contentType != request.end() && !isXml(contentType->value())) {
-        return number(http::status::unsupported_media_type);
+        return http::status::unsupported_media_type;
     }
     const bool hasLength = parser.content_length() || parser.chunked();
-    return hasLength ? 0 : number(http::status::length_required);
+    return hasLength ? http::status::unknown : http::status::length_required;
 }
 
-std::string beginResponse(unsigned status, std::size_t length)
+std::string beginResponse(http::status status, std::size_t length)
 {
     const std::time_t now = std::time(nullptr);
     std::tm broken = {};
     char date[40];
     std::strftime(date, sizeof date, "%a, %d %b %Y %H:%M:%S GMT", gmtime_r(&now, &broken));
-    const string_view reason = http::obsolete_reason(static_cast<http::status>(status));
-    return "HTTP/1.1 " + std::to_string(status) + " " + std::string(reason) + "\r\nDate: " + date +
+    return "HTTP/1.1 " + std::to_string(static_cast<unsigned>(status)) + " " +
+           std::string(http::obsolete_reason(status)) + "\r\nDate: " + date +
            "\r\nContent-Length: " + std::to_string(length) + "\r\n";
 }
 
@@ -138,7 +133,7 @@ class HttpSession
 
     void limitTime() { m_connection.limitTime(std::chrono::seconds(m_options.timeout)); }
     bool answer(const Parser::value_type& request);
-    bool refuse(unsigned status);
+    bool refuse(http::status status);
     std::string mappingHeaders(bool isExtended);
 
     Connection& m_connection;
@@ -180,7 +175,7 @@ bool HttpSession::answerNext()
     if (error) {
         return refuse(statusFor(error));
     }
-    if (const unsigned status = refusal(parser); status != 0) {
+    if (const http::status status = refusal(parser); status != http::status::unknown) {
         return refuse(status);
     }
     limitTime();
@@ -194,10 +189,11 @@ bool HttpSession::answerNext()
 bool HttpSession::answer(const Parser::value_type& request)
 {
     const HttpAnswer answered = m_handler(request.body());
-    std::string response = beginResponse(answered.status, answered.body.size());
+    const http::status status = http::int_to_status(answered.status);
+    std::string response = beginResponse(status, answered.body.size());
     response += connectionHeader(request.keep_alive(), request.version());
     response += "Cache-Control: no-cache\r\n";
-    if (answered.status == number(http::status::ok)) {
+    if (status == http::status::ok) {
         response += "Content-Type: application/xml; charset=\"utf-8\"\r\n";
         response += mappingHeaders(isExtended(request.method_string()));
     } else if (!answered.cimError.empty()) {
@@ -208,13 +204,13 @@ bool HttpSession::answer(const Parser::value_type& request)
     return m_connection.write(response) && request.keep_alive();
 }
 
-bool HttpSession::refuse(unsigned status)
+bool HttpSession::refuse(http::status status)
 {
-    if (status == 0) {
+    if (status == http::status::unknown) {
         return false;
     }
     std::string response = beginResponse(status, 0) + connectionHeader(false, 11);
-    if (status == number(http::status::method_not_allowed)) {
+    if (status == http::status::method_not_allowed) {
         response += "Allow: POST, M-POST\r\n";
     }
     limitTime();
