@@ -103,6 +103,10 @@ std::string impactText(const plan::Impact& impact)
     appendCount(text, impact.dhcpServiceNotices, "notice to the DHCP service", "notices to the DHCP service");
     appendCount(text, impact.elementManagementNotices, "notice to the element management",
                 "notices to the element management");
+    appendCount(text, impact.hostsTableRewrites, "rewrite of the hosts table", "rewrites of the hosts table");
+    appendCount(text, impact.resolverFileRewrites, "rewrite of the resolver file",
+                "rewrites of the resolver file");
+    appendCount(text, impact.defaultRouteMoves, "move of the default route", "moves of the default route");
     return text;
 }
 

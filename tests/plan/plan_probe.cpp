@@ -1,8 +1,7 @@
-// Plans changes of a server and sends their requests one by one, as its input says. Each line of the input is
-// answered by one line of JSON.
+// Plans changes of a server and sends their requests one by one, as its input says. One line of JSON answers
+// each line of the input.
 //
-//   plan WANTED   reads the server's state and plans; WANTED is a wanted state in JSON. The plan that comes
-//   back has the
+//   plan WANTED   reads the server's state and plans; WANTED is a wanted state in JSON. The plan has the
 //                 requests even where something is refused.
 //   send          sends the next request of that plan
 #include "apply/Reading.hpp"
@@ -11,8 +10,7 @@
 #include "wire/Client.hpp"
 #include "wire/Failure.hpp"
 #include "wire/ServerAddress.hpp"
-
-#include <nlohmann/json.hpp>
+#include "json/PlanJson.hpp"
 
 #include <iostream>
 #include <string>
@@ -20,44 +18,15 @@
 namespace
 {
 
-using nlohmann::json;
 using namespace lanctl;
+using json::Json;
 
-json impactJson(const plan::Impact& impact)
+Json planJson(const plan::Plan& plan)
 {
-    return {{"interface restarts", impact.interfaceRestarts},
-            {"voice messaging restarts", impact.voiceMessagingRestarts},
-            {"voice messaging stops", impact.voiceMessagingStops},
-            {"DHCP service notices", impact.dhcpServiceNotices},
-            {"element management notices", impact.elementManagementNotices},
-            {"hosts table rewrites", impact.hostsTableRewrites},
-            {"resolver file rewrites", impact.resolverFileRewrites},
-            {"default route moves", impact.defaultRouteMoves}};
-}
-
-json planJson(const plan::Plan& plan)
-{
-    json result = {{"changes", json::array()},
-                   {"refusals", json::array()},
-                   {"notes", json::array()},
-                   {"requests", json::array()},
-                   {"warnings", plan.warnings}};
-    for (const plan::Change& change : plan.changes)
-        result["changes"].push_back({{"object", change.object},
-                                     {"key", change.key},
-                                     {"from", change.from},
-                                     {"to", change.to},
-                                     {"sent", change.sent}});
-    for (const plan::Refusal& refusal : plan.refusals)
-        result["refusals"].push_back({{"object", refusal.object},
-                                      {"key", refusal.key},
-                                      {"text", refusal.text},
-                                      {"identifier", refusal.identifier},
-                                      {"by server", refusal.byServer}});
-    for (const plan::Note& note : plan.notes)
-        result["notes"].push_back({{"object", note.object}, {"key", note.key}, {"text", note.text}});
+    Json result = json::toJson(plan, {});
+    result["requests"] = Json::array();
     for (const plan::Request& request : plan.requests)
-        result["requests"].push_back({{"object", request.object}, {"impact", impactJson(request.impact)}});
+        result["requests"].push_back({{"object", request.object}, {"costs", json::toJson(request.impact)}});
     return result;
 }
 
@@ -66,7 +35,7 @@ class Probe
   public:
     explicit Probe(const std::string& server) : m_client(options(server)) {}
 
-    json answer(const std::string& line)
+    Json answer(const std::string& line)
     {
         if (line.rfind("plan ", 0) == 0)
             return plan(line.substr(5));
@@ -83,7 +52,7 @@ class Probe
         return options;
     }
 
-    json plan(const std::string& wanted)
+    Json plan(const std::string& wanted)
     {
         m_plan = plan::uncheckedPlan(apply::readState(m_client), model::parseWanted(wanted));
         m_next = 0;
@@ -91,7 +60,7 @@ class Probe
     }
 
     /// Null when the server takes the request.
-    json send()
+    Json send()
     {
         try {
             m_client.modifyInstance(m_plan.requests.at(m_next++).modification);
@@ -117,7 +86,7 @@ int main(int argc, char** argv)
     try {
         Probe probe(argv[1]);
         for (std::string line; std::getline(std::cin, line);)
-            std::cout << probe.answer(line).dump(-1, ' ', false, json::error_handler_t::replace) << std::endl;
+            std::cout << probe.answer(line).dump(-1, ' ', false, Json::error_handler_t::replace) << std::endl;
     } catch (const std::exception& e) {
         std::cerr << "plan_probe: " << e.what() << '\n';
         return 1;

@@ -42,14 +42,14 @@ class Events:
     """The platform's event log, as counts of what a plan says."""
 
     PATTERNS = {
-        "interface restarts": r'runcommand\("ifdown (\S+);ifup \1"\)',
+        "interface-restarts": r'runcommand\("ifdown (\S+);ifup \1"\)',
         "stops": r'runcommand\("/kv/bin/processcontrol stop voicemail"\)',
         "starts": r'runcommand\("/kv/bin/processcontrol start voicemail"\)',
-        "DHCP service notices": r"dhcpIpInfoInformDHCPProviderOfIPConfigChange\(\)",
-        "element management notices": r"EmsIpAddressChange\(",
-        "hosts table rewrites": r'runcommand\("/kv/bin/updatehosts ',
-        "resolver file rewrites": r'KvuSetRegEntryUint16Ex\(5, "DNS", "',
-        "default route moves": r'runcommand\("route add default gw ',
+        "dhcp-service-notices": r"dhcpIpInfoInformDHCPProviderOfIPConfigChange\(\)",
+        "element-management-notices": r"EmsIpAddressChange\(",
+        "hosts-table-rewrites": r'runcommand\("/kv/bin/updatehosts ',
+        "resolver-file-rewrites": r'KvuSetRegEntryUint16Ex\(5, "DNS", "',
+        "default-route-moves": r'runcommand\("route add default gw ',
     }
 
     def __init__(self):
@@ -63,7 +63,7 @@ class Events:
         self.lines = self.log.read().splitlines()
         counts = {name: sum(re.match(pattern, line) is not None for line in self.lines) for name, pattern in self.PATTERNS.items()}
         stops, starts = counts.pop("stops"), counts.pop("starts")
-        counts |= {"voice messaging restarts": starts, "voice messaging stops": stops - starts}
+        counts |= {"voice-messaging-restarts": starts, "voice-messaging-stops": stops - starts}
         self.totals.update(counts)
         return counts
 
@@ -115,7 +115,7 @@ def first_refusals(plan):
     """What the server refuses first of each object."""
     first = {}
     for refusal in plan["refusals"]:
-        if refusal["by server"]:
+        if refusal["by-server"]:
             first.setdefault(refusal["object"], text_of(refusal))
     return first
 
@@ -129,10 +129,10 @@ def send_all(probe, events, plan):
         foretold = refused.get(request["object"])
         compare(f"verdict on {request['object']}", foretold, answer and text_of(answer))
         if answer:
-            compare("restarts of a refused request", 0, counts["interface restarts"])
+            compare("restarts of a refused request", 0, counts["interface-restarts"])
             return foretold
-        compare(f"impact on {request['object']}", request["impact"], counts)
-        if counts["voice messaging stops"]:
+        compare(f"impact on {request['object']}", request["costs"], counts)
+        if counts["voice-messaging-stops"]:
             wait_for_lease()
     return None
 
@@ -147,7 +147,7 @@ def is_excused(plan, change):
 def look_back(probe, plan, wanted):
     """What a second plan still wants to change after the first one was taken."""
     # An address that was asked for beside DHCP is another matter after the lease.
-    if any(request["impact"]["voice messaging stops"] for request in plan["requests"]):
+    if any(request["costs"]["voice-messaging-stops"] for request in plan["requests"]):
         return
     left = [change for change in probe.plan(wanted)["changes"] if not is_excused(plan, change)]
     compare("left of the change", [], left)
@@ -157,7 +157,7 @@ def one_change(probe, events, wanted):
     """The kind of outcome, for the statistics."""
     plan = probe.plan(wanted)
     events.count()
-    own = {refusal["key"] for refusal in plan["refusals"] if not refusal["by server"]}
+    own = {refusal["key"] for refusal in plan["refusals"] if not refusal["by-server"]}
     if "domain" in own:  # would end the object manager
         return "not sent: a domain too long"
     refusal = send_all(probe, events, plan)
@@ -199,7 +199,7 @@ def report(number, seed, outcomes, totals, seconds):
     print(f"property: {number} changes of seed {seed} in {seconds:.0f} s, each as foretold")
     for outcome, count in sorted(outcomes.items()):
         print(f"property: {count:5} {outcome}")
-    print("property: on the server " + ", ".join(f"{count} {what}" for what, count in sorted(totals.items())))
+    print("property: on the server " + ", ".join(f"{count} {what.replace('-', ' ')}" for what, count in sorted(totals.items())))
     met = {outcome.removeprefix("refused: ") for outcome in outcomes}
     if number >= CHANGES_THAT_MEET_ALL and not REFUSALS <= met:
         raise SystemExit(f"property: not met: {sorted(REFUSALS - met)}")

@@ -46,6 +46,13 @@ TEST(PlanText, countsTheImpact)
         impactText(impact),
         "2 interface restarts, 1 voice messaging restart, 1 voice messaging stop, 2 notices to the DHCP "
         "service, 1 notice to the element management");
+    plan::Impact quiet;
+    quiet.hostsTableRewrites = 1;
+    quiet.resolverFileRewrites = 2;
+    quiet.defaultRouteMoves = 1;
+    EXPECT_EQ(impactText(quiet),
+              "no interruption, 1 rewrite of the hosts table, 2 rewrites of the resolver file, "
+              "1 move of the default route");
 }
 
 TEST(PlanText, showsRefusalsWarningsAndNotes)
