@@ -4,8 +4,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace
@@ -13,24 +11,6 @@ namespace
 
 constexpr std::size_t lineBuffer = 1024;
 constexpr int lineLimit = 1023; ///< for fgets: 1022 characters and the NUL; a longer line arrives in pieces
-
-/// The first token of `text`, which then begins behind it; empty when there is none. Tokens are separated by
-/// any number of `separator`, tabs and line ends. By hand, because with strtok_r a read of the LAN
-/// settings takes one to two per cent longer.
-std::string_view takeToken(const char*& text, char separator)
-{
-    const auto separates = [separator](char c) {
-        return c == separator || c == '\t' || c == '\r' || c == '\n';
-    };
-    const char* begin = text;
-    while (separates(*begin))
-        ++begin;
-    const char* end = begin;
-    while (*end != '\0' && !separates(*end))
-        ++end;
-    text = end;
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
 
 /// Only the very first character makes a comment: an indented "#" is a key like any other.
 bool isComment(const char* line)
@@ -61,23 +41,22 @@ CCOrxConfig::~CCOrxConfig()
 
 void CCOrxConfig::readEntries()
 {
-    const char separator = m_style == EqualsSeparated ? '=' : ' ';
+    const char* separators = m_style == EqualsSeparated ? "=\t\r\n" : " \t\r\n";
     bool nameserverSeen = m_style != BlankSeparated; // the other styles know no name servers
     std::array<char, lineBuffer> line;
     while (std::fgets(line.data(), lineLimit, m_stream.get())) {
         if (isComment(line.data()))
             continue;
-        const char* rest = line.data();
-        std::string_view key = takeToken(rest, separator);
-        if (key.empty())
+        char* rest = nullptr;
+        const char* key = strtok_r(line.data(), separators, &rest);
+        if (!key)
             continue;
-        const std::string_view value = takeToken(rest, separator);
-        if (!nameserverSeen && key == specialtoken) {
+        const char* value = strtok_r(nullptr, separators, &rest);
+        if (!nameserverSeen && std::strcmp(key, specialtoken) == 0) {
             nameserverSeen = true;
             key = faketoken;
         }
-        m_list.Insert(CCOrxConfigObj(std::string(value.empty() ? "none" : value)),
-                      CCOrxConfigObj(std::string(key)));
+        m_list.Insert(CCOrxConfigObj(value ? value : "none"), CCOrxConfigObj(key));
     }
 }
 
@@ -108,7 +87,7 @@ void CCOrxConfig::writeEntries()
     m_list.GetKeys(keys.data(), m_list.GetCount());
     const char* separator = m_style == BlankSeparated ? "   " : "=";
     for (const CCOrxConfigObj& key : keys) {
-        // Intended: the value is looked up by key, so all entries with one key get the value of the first.
+        // Kept: the value is looked up by key, so that all entries with one key get the value of the first.
         CCOrxConfigObj value;
         m_list.Find(value, key);
         const bool firstNameserver = m_style == BlankSeparated && key.text() == faketoken;
@@ -142,10 +121,8 @@ long CCOrxConfig::GetLongValue(const char* key) const
 
 void CCOrxConfig::SetValue(const char* key, const char* value)
 {
-    CCOrxConfigObj newKey(key);
-    CCOrxConfigObj newValue(value);
-    if (!m_list.Modify(newValue, newKey))
-        m_list.Insert(std::move(newValue), std::move(newKey));
+    if (!m_list.Modify(CCOrxConfigObj(value), CCOrxConfigObj(key)))
+        m_list.Insert(CCOrxConfigObj(value), CCOrxConfigObj(key));
 }
 
 void CCOrxConfig::SetValue(const char* key, int value)

@@ -56,10 +56,10 @@ class CCOrxConfig
 
     /// Changes the first entry with `key`, or adds one.
     void SetValue(const char* key, const char* value);
-    /// Changes the first entry with `key`. Intended, and relied upon: unlike a text, a number never adds an
-    /// entry. Only what the installed file lists can be switched.
+    /// Changes the first entry with `key`. Unlike a text, a number never adds an entry: only what the
+    /// installed file lists can be switched.
     void SetValue(const char* key, int value);
-    /// The same. Intended: the stored text is the number and one trailing blank.
+    /// The same. Kept: the stored text is the number and one trailing blank.
     void SetValue(const char* key, long value);
 
   private:

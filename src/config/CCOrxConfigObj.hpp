@@ -15,9 +15,7 @@ class CCOrxConfigObj
     explicit CCOrxConfigObj(const char* text) : m_text(text) {}
     explicit CCOrxConfigObj(std::string text) : m_text(std::move(text)) {}
     CCOrxConfigObj(const CCOrxConfigObj&) = default;
-    CCOrxConfigObj(CCOrxConfigObj&&) = default;
     CCOrxConfigObj& operator=(const CCOrxConfigObj&) = default;
-    CCOrxConfigObj& operator=(CCOrxConfigObj&&) = default;
     virtual ~CCOrxConfigObj() = default;
 
     bool operator<(const CCOrxConfigObj& other) const { return m_text < other.m_text; }

@@ -5,17 +5,16 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <new>
+#include <forward_list>
 #include <utility>
+#include <vector>
 
 /// A singly linked list in ascending key order, equal keys in the order of their insertion; duplicates are
 /// allowed. Key needs operator< and operator==. In every operation with two arguments the value comes before
 /// the key.
 ///
 /// Nodes come from a pool that is filled a block at a time and goes back to the system only with ClearAll, so
-/// a file of up to 256 entries costs one allocation of nodes. A switch of the packet filter is read with a
-/// list of its own that holds four of them: that is why the places of a block are made into nodes one by one,
-/// when they are taken.
+/// a file of up to 256 entries costs one allocation of nodes.
 ///
 /// A returned node belongs to the list and is valid until it is freed or the list is cleared. Where the
 /// system has no more memory, std::bad_alloc leaves the operation.
@@ -37,34 +36,33 @@ class CList
         FreeNode(NewNode(nullptr));
     }
 
-    /// Adds an entry, whose value and key it takes over, before the first one with a greater key, and so
-    /// after all those with an equal key.
-    Node* Insert(Value&& value, Key&& key)
+    /// Adds an entry before the first one with a greater key, and so after all those with an equal key.
+    Node* Insert(const Value& value, const Key& key)
     {
         if (!m_head || key < m_head->key)
-            return AddHead(std::move(value), std::move(key));
+            return AddHead(value, key);
         for (Node* before = m_head; before->next; before = before->next) {
             if (key < before->next->key) {
-                before->next = makeNode(before->next, std::move(value), std::move(key));
+                before->next = makeNode(value, key, before->next);
                 return before->next;
             }
         }
-        return AddTail(std::move(value), std::move(key));
+        return AddTail(value, key);
     }
 
     /// Adds an entry in front. Keeping the order is the caller's business, as it is with AddTail.
-    Node* AddHead(Value&& value, Key&& key)
+    Node* AddHead(const Value& value, const Key& key)
     {
-        m_head = makeNode(m_head, std::move(value), std::move(key));
+        m_head = makeNode(value, key, m_head);
         if (!m_tail)
             m_tail = m_head;
         return m_head;
     }
 
     /// Adds an entry at the end.
-    Node* AddTail(Value&& value, Key&& key)
+    Node* AddTail(const Value& value, const Key& key)
     {
-        Node* added = makeNode(nullptr, std::move(value), std::move(key));
+        Node* added = makeNode(value, key, nullptr);
         if (m_tail)
             m_tail->next = added;
         else
@@ -105,59 +103,45 @@ class CList
     /// Number of entries.
     std::int32_t GetCount() const { return m_count; }
 
-    /// Deletes every entry and the pool. The list can be used again. A node that was taken with NewNode and
-    /// neither linked in nor freed is gone with the pool, without being destroyed.
+    /// Deletes every node, those of the list and those of the pool. The list can be used again.
     void ClearAll()
     {
-        while (m_head) {
-            Node* deleted = m_head;
-            m_head = deleted->next;
-            deleted->~Node();
-        }
-        m_spare = m_tail = nullptr;
-        while (m_blocks)
-            ::operator delete(std::exchange(m_blocks, m_blocks->next));
-        m_pool = m_untouched = m_blockEnd = nullptr;
+        m_blocks.clear();
+        m_head = m_spare = m_tail = m_pool = nullptr;
         m_count = 0;
     }
 
     /// Takes a node out of the pool, which is refilled first when it is empty, and counts it as an entry. Key
     /// and value are empty; the caller links it in.
-    Node* NewNode(Node* next) { return makeNode(next, Value(), Key()); }
+    Node* NewNode(Node* next)
+    {
+        if (!m_pool)
+            refill();
+        Node* node = std::exchange(m_pool, m_pool->next);
+        node->next = next;
+        ++m_count;
+        return node;
+    }
 
-    /// Puts a node that is no longer linked in back into the pool and stops counting it as an entry.
+    /// Empties a node that is no longer linked in, puts it back into the pool and stops counting it as an
+    /// entry.
     void FreeNode(Node* node)
     {
-        if (m_blockSize > 0) {
-            node->~Node();
-            m_pool = placeAt(node, m_pool);
-        } else {
-            // Without blocks there is no pool to return to. The node is dropped on purpose, not deleted.
-            m_pool = m_untouched = m_blockEnd = nullptr;
-        }
+        *node = Node();
+        if (m_blockSize > 0)
+            node->next = std::exchange(m_pool, node);
+        else
+            m_pool = nullptr; // Without blocks there is no pool to return to: the node is dropped.
         --m_count;
     }
 
   private:
-    /// Room for a node: one that was given back, or one in a block that nobody has taken yet.
-    union Place {
-        Place* next;
-        alignas(Node) std::byte node[sizeof(Node)];
-    };
-
-    /// Sets the link alone: the room for a node is left as it is.
-    static Place* placeAt(void* memory, Place* next)
+    Node* makeNode(const Value& value, const Key& key, Node* next)
     {
-        auto* place = new (memory) Place;
-        place->next = next;
-        return place;
-    }
-
-    Node* makeNode(Node* next, Value&& value, Key&& key)
-    {
-        Node* made = new (takePlace()) Node{next, std::move(key), std::move(value)};
-        ++m_count;
-        return made;
+        Node* node = NewNode(next);
+        node->key = key;
+        node->value = value;
+        return node;
     }
 
     Node* firstWith(const Key& key) const
@@ -168,27 +152,13 @@ class CList
         return node;
     }
 
-    Place* takePlace()
-    {
-        if (m_pool)
-            return std::exchange(m_pool, m_pool->next);
-        if (m_untouched == m_blockEnd)
-            refill();
-        return m_untouched++;
-    }
-
     void refill()
     {
-        static_assert(alignof(Place) <= alignof(std::max_align_t), "operator new aligns for no more");
-        const std::size_t places = m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1;
-        // Not new[], whose check of the length is in no C++ library as old as the server's.
-        void* block = ::operator new((places + 1) * sizeof(Place));
-        m_blocks = placeAt(block, m_blocks);
-        m_untouched = m_blocks + 1;
-        m_blockEnd = m_untouched + places;
+        for (Node& node : m_blocks.emplace_front(m_blockSize > 0 ? static_cast<std::size_t>(m_blockSize) : 1))
+            node.next = std::exchange(m_pool, &node);
     }
 
-    // The first six members keep their order, whatever their access; what the places of a block need follows.
+    // The first six members keep their order, whatever their access.
     std::int32_t m_count = 0;
 
   protected:
@@ -198,10 +168,8 @@ class CList
     Node* m_head = nullptr;
     Node* m_spare = nullptr; ///< read by nobody; cleared together with head and tail
     Node* m_tail = nullptr;
-    Place* m_pool = nullptr;      ///< places of nodes that were given back
-    Place* m_untouched = nullptr; ///< the rest of the newest block, which belongs to the pool too
-    Place* m_blockEnd = nullptr;
-    Place* m_blocks = nullptr; ///< the newest one; the first place of each leads to the one before it
+    Node* m_pool = nullptr;                        ///< a chain of the nodes that are not in the list
+    std::forward_list<std::vector<Node>> m_blocks; ///< all nodes, none of which ever moves
 };
 
 #endif

@@ -16,7 +16,9 @@ using Text = CCOrxConfigObj;
 
 TEST(ConfigNode, HoldsNextKeyAndValueInThisOrder)
 {
-    const CNode<Text, Text> node{nullptr, Text("k"), Text("v")};
+    CNode<Text, Text> node(nullptr);
+    node.key = Text("k");
+    node.value = Text("v");
     const void* const next = &node.next;
     const void* const key = &node.key;
     const void* const value = &node.value;
