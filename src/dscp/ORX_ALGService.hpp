@@ -64,7 +64,7 @@ class ORX_ALGService
     virtual Status setQoSMarkVideoMedia(std::uint16_t) { return NotWritable; }
     virtual Status getTOSByteVideoMedia(std::uint16_t&, Qualifiers&) const { return NotSupported; }
     virtual Status setTOSByteVideoMedia(std::uint16_t) { return NotWritable; }
-    /// The lower-case v and the missing setter are intended: the CIM property is named "videoMediaVisible".
+    /// Kept: the lower-case v, and that there is no setter. The CIM property is named "videoMediaVisible".
     virtual Status getvideoMediaVisible(std::uint16_t&, Qualifiers&) const { return NotSupported; }
     virtual Status getQoSFaxMedia(std::uint16_t&, Qualifiers&) const { return NotSupported; }
     virtual Status setQoSFaxMedia(std::uint16_t) { return NotWritable; }

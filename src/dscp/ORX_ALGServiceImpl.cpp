@@ -31,8 +31,8 @@ unsigned int writeBoth(const MarkingFlow& flow, const Marking& marking)
     return failures;
 }
 
-// Each outcome also logs what the later ones log. That is intended, although it reports a menu value as
-// written that was not: readers of the log count these lines.
+// Each outcome also logs what the later ones log, even a menu value as written that was not: readers of the
+// log count these lines.
 void logWritten(unsigned int failures, const MarkingFlow& flow, const Marking& marking)
 {
     switch (failures) {
@@ -56,7 +56,7 @@ void logWritten(unsigned int failures, const MarkingFlow& flow, const Marking& m
     }
 }
 
-// Intended: what a failed read leaves behind, 0 as a rule, is compared with the object like a stored value.
+// Kept: what a failed read leaves behind, 0 as a rule, is compared with the object like a stored value.
 std::uint16_t readToCompare(const char* key, const char* name)
 {
     std::uint16_t stored = 0;

@@ -19,7 +19,7 @@ void loadEnabled(ORX_ALGService& service)
             "ORX_ALGServiceImplInstanceManager:init(): failed to read KLEnabled from the PDR, PDR entry may "
             "not exist, create it with default value !, rc: 0x%08X\n",
             readRc);
-        // The double colon of this one message is intended: log filters match it.
+        // Log filters match the double colon of this one message.
         if (const unsigned int writeRc = dscp::writeSetting(dscp::enabledKey, 0); writeRc != 0)
             dscLogFormat(DscLogError,
                          "ORX_ALGServiceImplInstanceManager::init(): failed to create and write default "

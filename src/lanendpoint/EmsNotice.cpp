@@ -34,7 +34,7 @@ int sendEmsNotice(unsigned int interfaces)
     }
     code = EmsIpAddressChange(1, 1, interfaces);
     if (code != 0) {
-        // Intended: the connection stays open.
+        // Kept: the connection stays open.
         syslog(LOG_NOTICE, "ORX_LANEndpointAPI: Cannot notify IP address change: error code: %d\n", code);
         return -1;
     }
@@ -49,7 +49,7 @@ int EmsIPChangePacketHandler(sEmsPacket* packet)
 {
     const auto* const bytes = reinterpret_cast<const unsigned char*>(packet);
     const unsigned int type = bigEndian(bytes + packetTypeOffset, 2);
-    // "PACKRT" is intended: operators' tools look for the texts as they are.
+    // Operators' tools look for these texts as they are, "PACKRT" included.
     if (type == packetTypeEvent)
         syslog(LOG_NOTICE, "ORX_LANEndpointAPI: EMS_PACKRT_TYPE_EVENT");
     if (type == packetTypeResponse) {

@@ -54,12 +54,12 @@ Value readWithWarning(const Endpoint& endpoint, Qualifiers& warning)
 Value readIPAddress(const Endpoint& endpoint, Qualifiers& warning)
 {
     const Value value = readWithWarning<String, String, &Endpoint::getIPAddress>(endpoint, warning);
-    if (!value) // "set" is intended: tools know the text as it is.
+    if (!value) // Tools know this text, "set" included.
         reporting::fail({unit, __LINE__}, CIMException::FAILED, "Error: setIPAddress!!");
     return value;
 }
 
-// Intended: a state that cannot be read is the empty text, not a number.
+// Kept: a state that cannot be read is the empty text, not a number.
 Value readEnabledState(const Endpoint& endpoint, Qualifiers& none)
 {
     const Value value = read<unsigned short, UInt16, &Endpoint::getEnabledState>(endpoint, none);
@@ -73,7 +73,7 @@ int setMaxDataSize(Endpoint& endpoint, const CIMValue& value)
     return endpoint.setMaxDataSize(value.toInt32());
 }
 
-// Operators read these traces in the error log; their level and their spelling are intended.
+// Operators look for these traces in the error log, spelled as they are.
 int setIPAddressAndTrace(Endpoint& endpoint, const CIMValue& value)
 {
     const int result = endpoint.setIPAddress(value.toString());

@@ -10,7 +10,7 @@ extern const cim::PropertyTable<ORX_LANEndpoint, int> endpointProperties;
 /// Its first properties are its keys.
 constexpr std::size_t numberOfEndpointKeys = 4;
 
-// The keys that all endpoints share. Clients match on these values; the system's class name is, as ever, the
+// The keys that all endpoints share. Clients match on these values. Kept: the system's class name is the
 // endpoint's own.
 inline constexpr char systemCreationClassName[] = "ORX_LANEndpoint";
 inline constexpr char systemName[] = "ORX_K30v";

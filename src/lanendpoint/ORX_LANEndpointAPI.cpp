@@ -130,7 +130,7 @@ int ORX_LANEndpointAPI::endChange()
 
     if (m_configuration.ipAddress != old.ipAddress && applyAddress() != 0)
         return CHANGE_NOT_NOTIFIED;
-    // Intended: after a new address a new mask restarts the interface and voice messaging a second time.
+    // Kept: after a new address, a new mask restarts the interface and voice messaging a second time.
     if (m_configuration.subnetMask != old.subnetMask)
         applyMask();
     if (m_configuration.gateway != old.gateway)
@@ -163,13 +163,13 @@ ChangeOutcome ORX_LANEndpointAPI::checkMask() const
 {
     if (isMaskValid(m_configuration.subnetMask) != 1)
         return CHANGE_INVALID_SUBNET;
-    // Intended: the networks are compared again, although the check of the address has just done so.
+    // Kept: the check of the address has just compared the networks.
     const bool unique = uniqueSubnet(m_configuration.ipAddress, m_configuration.subnetMask) == 1;
     return unique ? CHANGE_DONE : CHANGE_OVERLAPS;
 }
 
 // An empty gateway stands for the interface itself. With a router card in the server, the gateway must be
-// another machine. Intended: the outcome is that of an invalid address, which is what clients read.
+// another machine. Kept: clients read of an invalid address.
 ChangeOutcome ORX_LANEndpointAPI::checkGateway() const
 {
     const String& ipAddress = m_configuration.ipAddress;

@@ -11,8 +11,8 @@
 namespace
 {
 
-// Intended: the code is not appended to the text but cuts off as many of its first characters, none when it
-// is negative. Operators know these lines as they are.
+// Kept: the code is not appended to the text. It cuts off as many of its first characters, none when it is
+// negative.
 const char* processIdFailure(int code)
 {
     static constexpr char text[] = "osGetProcessId() returns ";

@@ -1,9 +1,9 @@
 #ifndef KV_LANENDPOINT_ORX_LANENDPOINTINSTANCEMANAGER_HPP
 #define KV_LANENDPOINT_ORX_LANENDPOINTINSTANCEMANAGER_HPP
 
-/// Yields the numbers of the server's Ethernet interfaces, over and over. There is one cursor for all
-/// enumerations, without a lock: the object manager runs one enumeration of the class at a time, and one that
-/// was abandoned goes on where it stopped.
+/// Yields the numbers of the server's Ethernet interfaces, over and over. All enumerations share one
+/// cursor without a lock: the object manager runs one enumeration of the class at a time. One that was
+/// abandoned goes on where it stopped.
 class ORX_LANEndpointInstanceManager
 {
   public:

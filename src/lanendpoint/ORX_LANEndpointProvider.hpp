@@ -27,8 +27,8 @@ class ORX_LANEndpointProvider : public OpenWBEM::CppInstanceProviderIFC, public 
                            const OpenWBEM::String& className, OpenWBEM::CIMObjectPathResultHandlerIFC& result,
                            const OpenWBEM::CIMClass& cimClass) override;
 
-    /// One instance object is filled anew for each interface, so that a property that is left out because it
-    /// cannot be read, OperationalStatus or Speed, still has the value of the interface before.
+    /// The interfaces fill one instance object, one after the other. A property that cannot be read,
+    /// OperationalStatus or Speed, is left as it is. Kept: it then has the value of the interface before.
     void enumInstances(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                        const OpenWBEM::String& className, OpenWBEM::CIMInstanceResultHandlerIFC& result,
                        OpenWBEM::WBEMFlags::ELocalOnlyFlag localOnly, OpenWBEM::WBEMFlags::EDeepFlag deep,
@@ -51,8 +51,8 @@ class ORX_LANEndpointProvider : public OpenWBEM::CppInstanceProviderIFC, public 
                                            const OpenWBEM::CIMInstance& cimInstance) override;
 
     /// The endpoint is found by the Name property of `modifiedInstance`. MTU and DHCP change as they come in
-    /// it; address, mask and gateway change together after them. A failure there does not undo the former
-    /// two.
+    /// it; address, mask and gateway change together after them. A failure of these three does not
+    /// undo a change of MTU or DHCP.
     void modifyInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                         const OpenWBEM::CIMInstance& modifiedInstance,
                         const OpenWBEM::CIMInstance& previousInstance,

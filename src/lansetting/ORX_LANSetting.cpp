@@ -41,7 +41,7 @@ constexpr int routerResetDone = 0;
 constexpr int routerButtonNotPressed = 4;
 constexpr int routerNotFitted = 103;
 
-/// The low 8 bits as a signed number. Intended: operators' tools know the codes in this form.
+/// The low 8 bits as a signed number: operators' tools know the codes in this form.
 String codeText(int code)
 {
     return String(Int32(static_cast<signed char>(code)));
@@ -170,7 +170,7 @@ void ORX_LANSetting::readRouterPresence()
 
 bool ORX_LANSetting::readSwitches()
 {
-    isIcmpFilterEnabled = false; // and no other: the rest is only ever raised here, as intended
+    isIcmpFilterEnabled = false; // Kept: and no other. The rest is only ever raised here.
     unsigned value = 0;
     for (const PacketFilterSwitch* each : {&icmpFilter, &arpFilter, &broadcastFilter, &ipConflictDetection}) {
         if (kv_get_netfilter_config(each->key, &value) < 0)

@@ -19,7 +19,7 @@ class ORX_LANSetting
     ORX_LANSetting();
 
     // Copies of what get or a setter left. Always true.
-    bool getInstanceID(OpenWBEM::String& value) const; ///< intended: always empty, nothing ever sets it
+    bool getInstanceID(OpenWBEM::String& value) const; ///< Kept: always empty.
     bool getDomainName(OpenWBEM::String& value) const;
     bool getPrimaryDNS(OpenWBEM::String& value) const;   ///< dotted IPv4 text, or empty
     bool getSecondaryDNS(OpenWBEM::String& value) const; ///< dotted IPv4 text, or empty
@@ -31,8 +31,8 @@ class ORX_LANSetting
 
     /// Loads everything from the system, which it never changes. Throws when the host's own name cannot be
     /// looked up or the router card cannot be asked for; what was loaded before stays. Otherwise true: a
-    /// switch that cannot be read counts as a stored 0. Intended: only the ICMP switch is ever lowered here;
-    /// the other three are raised by a stored 1 and otherwise keep what they were.
+    /// switch that cannot be read counts as a stored 0. Kept: only the ICMP switch is ever lowered here. A
+    /// stored 1 raises the other three; a stored 0 leaves them.
     bool get();
 
     /// Makes `name` (see isValidDomainName) the domain in the hosts table and in the resolver file. Throws
@@ -43,8 +43,8 @@ class ORX_LANSetting
     /// one does nothing. Throws when the server refuses the address. A resolver file that cannot be written
     /// is no failure.
     ///
-    /// Intended for these two and setDomainName: the file is rewritten from what the last get kept of it, so
-    /// that before the first get only the new line remains.
+    /// Kept, for these two and setDomainName: the file is rewritten from what the last get kept of it. Before
+    /// the first get, only the new line remains.
     bool setPrimaryDNS(const OpenWBEM::String& address);
     bool setSecondaryDNS(const OpenWBEM::String& address);
 

@@ -26,7 +26,7 @@ class ORX_LANSettingProvider : public OpenWBEM::CppInstanceProviderIFC, public O
   public:
     ~ORX_LANSettingProvider() override;
 
-    /// One name. Intended: its InstanceID is the model's own, which is empty, and not that of the instance.
+    /// One name. Kept: its InstanceID is the model's own, which is empty, and not that of the instance.
     void enumInstanceNames(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                            const OpenWBEM::String& className, OpenWBEM::CIMObjectPathResultHandlerIFC& result,
                            const OpenWBEM::CIMClass& cimClass) override;
@@ -54,8 +54,8 @@ class ORX_LANSettingProvider : public OpenWBEM::CppInstanceProviderIFC, public O
                                            const OpenWBEM::CIMInstance& cimInstance) override;
 
     /// Applies the properties of `modifiedInstance` one by one, in its order; a failure leaves those before
-    /// it applied. Intended: a value is compared with what the last read found, not with the system as it is
-    /// now, and an equal one changes nothing.
+    /// it applied. Kept: a value is compared with what the last read found, not with the system as it is
+    /// now. An equal one changes nothing.
     void modifyInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                         const OpenWBEM::CIMInstance& modifiedInstance,
                         const OpenWBEM::CIMInstance& previousInstance,

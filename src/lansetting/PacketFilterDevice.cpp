@@ -10,7 +10,7 @@ int packetfilter::setSwitch(std::uint32_t request, std::uint32_t value)
     if (device < 0)
         return -1;
     if (ioctl(device, request, &value) < 0)
-        return -1; // Intended: the device stays open after a refusal.
+        return -1; // Kept: the device stays open after a refusal.
     close(device);
     return 0;
 }

@@ -60,10 +60,7 @@ void ResolverImage::addSearchLine(const String& line, const String& domainName)
     const StringArray tokens = tokensOf(line);
     if (tokens.size() != 2)
         return;
-    if (tokens[1] == domainName)
-        contents += line;
-    else
-        contents += "search\t" + domainName + "\n";
+    contents += tokens[1] == domainName ? line : "search\t" + domainName + "\n";
 }
 
 bool ResolverImage::addNameserverLine(const String& line)

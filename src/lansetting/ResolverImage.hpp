@@ -19,7 +19,7 @@ struct ResolverImage {
     /// - a line whose first character is '#' is kept;
     /// - a line with "search" and one domain is kept, after it has been made to name `domainName`;
     /// - a line with "nameserver" and one address is kept, and the first two addresses are noted;
-    /// - any other line is dropped on purpose, and so lost from the file at the next write.
+    /// - any other line is dropped. Kept: the next write loses it from the file.
     /// Returns false when the reading ends, which it does with the third name server: the resolver itself
     /// would look no further.
     bool addLine(const OpenWBEM::String& line, const OpenWBEM::String& domainName);
@@ -35,8 +35,8 @@ OpenWBEM::String withSearchDomain(const OpenWBEM::String& contents, const OpenWB
 
 /// `contents` with whatever follows the occurrence number `index` (from 0) of "nameserver" on its line
 /// replaced by `address`. An empty address removes the keyword and the rest of its line instead. Without such
-/// an occurrence, and there is none with a negative number, a nameserver line is added at the end, also, and
-/// intended, one without an address.
+/// an occurrence, as with a negative number, a nameserver line is added at the end. Kept: it is added for an
+/// empty address, too.
 OpenWBEM::String withNameserver(const OpenWBEM::String& contents, const OpenWBEM::String& address, int index);
 
 #endif

@@ -13,8 +13,7 @@ int kv_set_mtu(const char* ifName, std::uint32_t mtu)
     }
     if (!request.setMtu(static_cast<int>(mtu)))
         return -1;
-    // Intended: the MTU is read back although nothing looks at it. A change is this sequence of kernel
-    // requests.
+    // Kept: the MTU is read back, although nothing looks at it.
     std::uint32_t readBack = 0;
     kv_get_mtu(ifName, &readBack);
     return 0;

@@ -6,10 +6,9 @@
 
 #include <array>
 
-/// The questions and orders about one network interface that go to the kernel through an IPv4 datagram
-/// socket: the socket and the request structure in one value that lives on the stack. The socket is opened by
-/// the constructor and closed by the destructor; in between, every member below is exactly one ioctl. Nothing
-/// is ever printed or thrown.
+/// One network interface, asked and told through an IPv4 datagram socket. The constructor opens the socket
+/// and the destructor closes it; in between, every member below is exactly one ioctl. Nothing is ever printed
+/// or thrown.
 class InterfaceRequest
 {
   public:

@@ -20,8 +20,8 @@ constexpr std::uint64_t defaultSpeed = 10000000;
 // duplex, 100BASE-T4, 100BASE-TX half duplex, 10BASE-T full duplex, 10BASE-T half duplex.
 constexpr std::array<unsigned, 5> mediaByPriority{8, 9, 7, 6, 5};
 
-// bit/s by bit number, beginning with bit 5. The last one, 100BASE-T4, is 10000000 on purpose: it is
-// the value that clients know.
+// bit/s by bit number, beginning with bit 5. For the last one, 100BASE-T4, clients know the value
+// 10000000.
 constexpr unsigned lowestMedium = 5;
 constexpr std::array<std::uint64_t, 5> speedByMedium{10000000, 10000000, 100000000, 100000000, 10000000};
 
@@ -41,8 +41,7 @@ bool readRegisters(InterfaceRequest& request, MiiRegisters& registers)
     for (std::uint16_t& value : registers) {
         mii.phy_id = phy;
         mii.reg_num = number++;
-        // Intended: a register that cannot be read takes what the request still holds, mostly the one before
-        // it.
+        // Kept: a register that cannot be read takes what the request still holds, mostly the one before it.
         request.mii(readRegister, mii);
         value = mii.val_out;
     }

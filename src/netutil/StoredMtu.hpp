@@ -18,7 +18,7 @@ using registry::absent;
 /// failed.
 unsigned int read(const char* ifName, std::uint16_t& mtu);
 
-/// Stores the MTU. Callers go on without it, so that a failing registry is not reported.
+/// Stores the MTU. A failing registry is not reported: callers go on without it.
 void write(const char* ifName, std::uint16_t mtu);
 
 } // namespace storedmtu

@@ -17,7 +17,7 @@
 using namespace OpenWBEM; // the operations below are all about OpenWBEM's types
 
 // The static objects of this file, constructed in this order when the library is loaded and destroyed in the
-// reverse order when it is unloaded. Those of other files come as the linker has it; none needs another.
+// reverse order when it is unloaded. The linker decides when those of other files are; none needs another.
 IntrusiveReference<Logger> gLogger;
 
 namespace
@@ -77,7 +77,7 @@ void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const 
     auto* provider = subProviderOf<CppInstanceProviderIFC>(className);
     if (!provider)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_CLASS);
-    // The marking service prints the setting's line too. Operators know the output so; it stays.
+    // Kept: the marking service prints the setting's line, too.
     std::printf("%s", className.equals(endpointClassName) ? "endpoint enum instance name received\n"
                                                           : "setting enum instance name received\n");
     provider->enumInstanceNames(env, ns, className, result, cimClass);

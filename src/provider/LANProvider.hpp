@@ -69,8 +69,7 @@ class LANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppI
                         const OpenWBEM::StringArray* propertyList,
                         const OpenWBEM::CIMClass& theClass) override;
 
-    /// Calls cleanup() of the three sub-providers. That nothing calls it is intended: every provider of this
-    /// server has the operation, and it stays with them.
+    /// Calls cleanup() of the three sub-providers. Kept: nothing calls it.
     void cleanup();
 };
 

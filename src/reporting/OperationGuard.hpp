@@ -10,10 +10,9 @@
 namespace reporting
 {
 
-/// A provider operation as the failure texts name it. The two lines are those of the two clauses that turn an
-/// unexpected exception into a CIM failure; they differ, so that the line in a report tells the clauses
-/// apart. Callers give __LINE__ and __LINE__ + 1: the clauses themselves stand in this header, where every
-/// operation would be reported from the same two lines.
+/// A provider operation as the failure texts name it. A failure is reported from one of two lines, one for a
+/// std::exception and one for anything else, so that the line tells them apart. Both are the operation's own:
+/// callers give __LINE__ and __LINE__ + 1.
 struct GuardedOperation {
     const char* unit;
     const char* name; ///< "enumInstanceNames", "getInstance", ...
@@ -21,8 +20,8 @@ struct GuardedOperation {
     int otherExceptionLine;
 };
 
-/// "Unknown Error:  while performing <operation> operation on <target>\n". The two blanks after the colon are
-/// intended: tools match this text.
+/// "Unknown Error:  while performing <operation> operation on <target>\n". Tools match this text with
+/// the two blanks after its colon.
 OpenWBEM::String unknownErrorText(const GuardedOperation& operation, const OpenWBEM::String& target);
 
 /// Logs `message` at error level through the logger of the request's environment and throws it as

@@ -13,8 +13,8 @@
 /// command runner, 0 for success. Never throws a CIMException.
 int runCommand(const OpenWBEM::String& command, OpenWBEM::String& output);
 
-/// Whether invokeCommand may run `command`: not when it contains ";", "(" or ")". Nothing else is refused, on
-/// purpose: the server's commands may use pipes, redirections and "&".
+/// Whether invokeCommand may run `command`: not when it contains ";", "(" or ")". Nothing else is refused:
+/// the server's commands may use pipes, redirections and "&".
 bool checkInjection(const OpenWBEM::String& command);
 
 /// Runs `command` if checkInjection accepts it. Returns the lines of standard error as they were printed,
