@@ -1,5 +1,6 @@
 #include "lanendpoint/ChangeCommands.hpp"
 
+#include "netutil/ServerInterfaces.hpp"
 #include "system/CommandExecution.hpp"
 #include "system/LanSemaphore.hpp"
 #include "system/VoiceMessaging.hpp"
@@ -38,6 +39,6 @@ void startDhcp(const String& ifName)
 void replaceDefaultRoute(const String& oldGateway, const String& newGateway)
 {
     String ignored;
-    runCommand("route delete default gw " + oldGateway + " eth1", ignored);
-    runCommand("route add default gw " + newGateway + " eth1", ignored);
+    runCommand("route delete default gw " + oldGateway + " " + customerLanName, ignored);
+    runCommand("route add default gw " + newGateway + " " + customerLanName, ignored);
 }

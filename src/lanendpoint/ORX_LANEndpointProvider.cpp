@@ -1,8 +1,8 @@
 #include "lanendpoint/ORX_LANEndpointProvider.hpp"
 
+#include "cim/Modification.hpp"
 #include "lanendpoint/EndpointProperty.hpp"
 #include "reporting/Failure.hpp"
-#include "reporting/Logging.hpp"
 #include "reporting/OperationGuard.hpp"
 
 #include <OW_CIMException.hpp>
@@ -23,7 +23,6 @@ using OpenWBEM::CIMObjectPath;
 using OpenWBEM::CIMObjectPathResultHandlerIFC;
 using OpenWBEM::CIMParamValueArray;
 using OpenWBEM::CIMProperty;
-using OpenWBEM::CIMPropertyArray;
 using OpenWBEM::CIMValue;
 using OpenWBEM::ProviderEnvironmentIFCRef;
 using OpenWBEM::String;
@@ -171,15 +170,7 @@ void ORX_LANEndpointProvider::modifyInstance(ORX_LANEndpoint& endpoint, const CI
 {
     if (endpoint.startChange() == 0)
         reporting::fail({unit, __LINE__}, CIMException::FAILED, "Could not make the requested change.\n");
-    const CIMPropertyArray properties = instance.getProperties();
-    for (const CIMProperty& property : properties) {
-        const auto* row = endpointProperties.rowToSet(property);
-        // The code in the log is fixed: a setter answers with a flag, of which only 0 refuses.
-        if (row && row->set(endpoint, property.getValue()) == 0)
-            reporting::logAndFail({unit, __LINE__},
-                                  "Failed to modify property  " + instance.toString() + "." + row->name,
-                                  "LAN_ERROR_failedModifyProperty", ":  with return code: 0");
-    }
+    cim::applyProperties(instance, endpointProperties, endpoint, {unit, __LINE__});
     if (endpoint.endChange() == 0)
         reporting::fail({unit, __LINE__}, CIMException::INVALID_PARAMETER,
                         "One or more of the values specified was invalid.\n");

@@ -1,8 +1,8 @@
 #include "lansetting/ORX_LANSettingProvider.hpp"
 
+#include "cim/Modification.hpp"
 #include "lansetting/SettingProperty.hpp"
 #include "reporting/Failure.hpp"
-#include "reporting/Logging.hpp"
 #include "reporting/OperationGuard.hpp"
 
 #include <OW_Array.hpp>
@@ -142,13 +142,5 @@ void ORX_LANSettingProvider::ORX_LANSettingToCIMObjectPath(const ORX_LANSetting&
 
 void ORX_LANSettingProvider::modifyInstance(ORX_LANSetting& model, const CIMInstance& instance)
 {
-    const CIMPropertyArray properties = instance.getProperties();
-    for (const CIMProperty& property : properties) {
-        const auto* row = settingProperties.rowToSet(property);
-        // The code in the log is fixed: a setter answers with a flag, of which only 0 refuses.
-        if (row && !row->set(model, property.getValue()))
-            reporting::logAndFail({unit, __LINE__},
-                                  "Failed to modify property  " + instance.toString() + "." + row->name,
-                                  "LAN_ERROR_failedModifyProperty", ":  with return code: 0");
-    }
+    cim::applyProperties(instance, settingProperties, model, {unit, __LINE__});
 }

@@ -1,0 +1,28 @@
+#ifndef KV_CIM_MODIFICATION_HPP
+#define KV_CIM_MODIFICATION_HPP
+
+#include "cim/PropertyTable.hpp"
+#include "reporting/Logging.hpp"
+
+namespace cim
+{
+
+/// Hands the properties of `instance` to the model one by one, in the instance's order. The first one that a
+/// setter refuses, which it does with 0 or false, ends that with a failure; those before it stay set.
+template <typename Model, typename Result>
+void applyProperties(const OpenWBEM::CIMInstance& instance, const PropertyTable<Model, Result>& table,
+                     Model& model, reporting::SourcePlace where)
+{
+    const OpenWBEM::CIMPropertyArray properties = instance.getProperties();
+    for (const OpenWBEM::CIMProperty& property : properties) {
+        const auto* row = table.rowToSet(property);
+        if (row && !row->set(model, property.getValue()))
+            reporting::logAndFail(where,
+                                  "Failed to modify property  " + instance.toString() + "." + row->name,
+                                  "LAN_ERROR_failedModifyProperty", ":  with return code: 0");
+    }
+}
+
+} // namespace cim
+
+#endif
