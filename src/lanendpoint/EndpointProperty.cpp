@@ -31,8 +31,16 @@ Value constant(const Endpoint&, Qualifiers&)
     return CIMValue(String(text));
 }
 
+Value readName(const Endpoint& endpoint, Qualifiers&)
+{
+    String name;
+    if (endpoint.getName(name) != 1)
+        return std::nullopt;
+    return CIMValue(name);
+}
+
 // `Type` is what the getter gives, `CimType` what the property has.
-template <typename Type, typename CimType, auto get>
+template <typename Type, typename CimType, int (Endpoint::*get)(Type&) const>
 Value read(const Endpoint& endpoint, Qualifiers&)
 {
     Type value{};
@@ -41,7 +49,7 @@ Value read(const Endpoint& endpoint, Qualifiers&)
     return CIMValue(CimType(value));
 }
 
-template <typename Type, typename CimType, auto get>
+template <typename Type, typename CimType, int (Endpoint::*get)(Type&, Qualifiers&) const>
 Value readWithWarning(const Endpoint& endpoint, Qualifiers& warning)
 {
     Type value{};
@@ -103,7 +111,7 @@ constexpr cim::PropertyTable<Endpoint, int>::Row rows[] = {
     {"SystemCreationClassName", constant<systemCreationClassName>},
     {"SystemName", constant<systemName>},
     {"CreationClassName", constant<creationClassName>},
-    {"Name", read<String, String, &Endpoint::getName>},
+    {"Name", readName},
     {"MACAddress", read<String, String, &Endpoint::getMACAddress>},
     {"MaxDataSize", read<int, Int32, &Endpoint::getMaxDataSize>, setMaxDataSize},
     {"IPAddress", readIPAddress, setIPAddressAndTrace},
