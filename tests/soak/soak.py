@@ -19,7 +19,8 @@ CLIENTS = 4
 LOOKS = 5
 SLOW_CHANGE_EVERY = 40
 
-# What allocator and stacks of ended threads may keep from one round to the next: a leak of 64 bytes a request exceeds it within a round.
+# What the allocator and the stacks of ended threads may keep from one round to the next: a leak of 64 bytes a request exceeds it
+# within a round.
 TOLERATED_KIB = 192
 
 
