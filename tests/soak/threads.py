@@ -2,7 +2,8 @@
 
 usage: threads.py SECONDS
 
-For that long each: the plain library when one request runs at a time, the serialising one when reads run side by side. Status 1 when ThreadSanitizer reports anything, a request fails or the object manager does not end well.
+For that long each: the plain library when one request runs at a time, the serialising one when reads run side by side. Status 1
+when ThreadSanitizer reports anything, a request fails or the object manager does not end well.
 """
 import pathlib
 import random
