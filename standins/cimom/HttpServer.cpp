@@ -37,7 +37,7 @@ sockaddr_storage parseAddress(const HttpOptions& options)
     return result;
 }
 
-// A socket that listens, or is just closed at its end.
+// A socket that listens from the beginning to stop().
 class ListeningSocket
 {
   public:
