@@ -123,29 +123,25 @@ lane_style() {
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
     record_result style clang-format $format
     configure clang
-    xargs -d '\n' -P "$jobs" -n 1 clang-tidy-14 -p build/clang --quiet <<<"$tidied" || tidy=$?
+    xargs -d '\n' /usr/bin/python3 tools/tidy.py build/clang <<<"$tidied" || tidy=$?
     record_result style clang-tidy $tidy
     ((rooms == 0 && format == 0 && tidy == 0))
 }
 
 lane_unit() {
-    build dev
-    run_unit_tests dev unit
+    build asan --target unit_tests
+    run_unit_tests asan unit
 }
 
-lane_asan() {
-    build asan
-    run_unit_tests asan asan
-}
-
+# Most of the time a system test waits, so there are more of them at once than processors.
 lane_system() {
-    build dev
-    /usr/bin/python3 -m pytest -q --junitxml="$results/system.xml" tests/system
+    build dev --target all cimom_SampleProvider
+    /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup --junitxml="$results/system.xml" tests/system
 }
 
 lane_target() {
     local line library=build/powerpc-installed/lib/openwbem/c++providers/libLANProvider.so
-    build powerpc
+    build powerpc --target unit_tests load_library
     run_unit_tests powerpc target
     /usr/bin/python3 tests/target/compare_counts.py "$results" >"$logs/target-counts.txt"
     while read -r line; do note "$line"; done <"$logs/target-counts.txt"
@@ -252,7 +248,6 @@ fuzz_target() {
 # lane_fuzz SECONDS: each target for that long; the targets are named as the folders of their seeds.
 lane_fuzz() {
     local name status failed=0
-    ensure_packages packages-fuzz.txt
     build fuzz --target fuzz_targets
     for name in fuzz/seeds/*; do
         name=${name##*/}

@@ -9,6 +9,9 @@ import pytest
 
 from cimom import BUILD, PROGRAM
 
+# Both build in build/dev, which is for one at a time: test_run.py and test_installation.py.
+pytestmark = pytest.mark.xdist_group("build")
+
 PROVIDERS = "lib/openwbem/c++providers"
 CLASSES = "share/openwbem/mof"
 PROVIDER_FILES = {

@@ -1,4 +1,5 @@
 """./test in a project of its own, whose lanes and tools are played: what is counted as failed, and what an interrupt ends."""
+import json
 import os
 import pathlib
 import shutil
@@ -18,7 +19,7 @@ MARK = f"KV_LANES_TEST={os.getpid()}"
 def project(tmp_path):
     """A project with one source and its header, and with the tools of the style lane, which all succeed."""
     shutil.copy(CHECKOUT / "test", tmp_path)
-    shutil.copytree(CHECKOUT / "tools", tmp_path / "tools")
+    shutil.copytree(CHECKOUT / "tools", tmp_path / "tools", ignore=shutil.ignore_patterns("*.?pp"))
     (tmp_path / "packages.txt").write_text("bash\n")
     for directory in ("src/room", "docs", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
         (tmp_path / directory).mkdir(parents=True)
@@ -26,8 +27,12 @@ def project(tmp_path):
         (tmp_path / source).touch()
     (tmp_path / "docs/architecture.md").write_text("| `src/room` | one | nothing of the project |\n")
     (tmp_path / "bin").mkdir()
-    for tool in ("clang-format-14", "clang-tidy-14", "cmake"):
+    (tmp_path / "commands.json").write_text(json.dumps(
+        [{"directory": str(tmp_path), "file": "src/room/one.cpp", "command": "compiler -o one.o -c src/room/one.cpp"}]))
+    for tool in ("clang-format-14", "clang-tidy-14"):
         play(tmp_path, tool, f'echo "{tool} $*" >>called')
+    play(tmp_path, "cmake", 'echo "cmake $*" >>called; mkdir -p build/clang; cp commands.json build/clang/compile_commands.json')
+    play(tmp_path, "compiler", "cat src/room/one.*")
     return tmp_path
 
 
@@ -68,15 +73,52 @@ def test_the_style_lane_alone_succeeds_with_all_its_results(project):
     assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "3 passed, 0 failed")
     assert (project / "called").read_text() == (
         "clang-format-14 --dry-run --Werror ./src/room/one.cpp ./src/room/one.hpp\ncmake --preset clang\n"
-        "clang-tidy-14 -p build/clang --quiet src/room/one.cpp\n")
+        "clang-tidy-14 --version\nclang-tidy-14 -p build/clang --quiet src/room/one.cpp\n")
 
 
 @pytest.mark.parametrize("tool", ["clang-format-14", "clang-tidy-14"])
 def test_what_a_style_tool_finds_is_one_failure(project, tool):
-    play(project, tool, "echo src/room/one.cpp:1: untidy; exit 1")
+    play(project, tool, "[[ $* = --version ]] && exit; echo src/room/one.cpp:1: untidy; exit 1")
     done = run(project, "style")
     assert (done.returncode, done.stdout.splitlines()[-1]) == (1, "2 passed, 1 failed")
     assert "   src/room/one.cpp:1: untidy\n" in done.stdout
+
+
+def looks(project):
+    """How often clang-tidy has looked at the source."""
+    return (project / "called").read_text().count("clang-tidy-14 -p build/clang --quiet src/room/one.cpp")
+
+
+def test_what_clang_tidy_found_clean_is_not_looked_at_again(project):
+    for _ in range(2):
+        assert run(project, "style").stdout.endswith("3 passed, 0 failed\n")
+    assert looks(project) == 1
+
+
+@pytest.mark.parametrize("changed, content", [
+    ("src/room/one.cpp", "// NOLINT\n"), ("src/room/one.hpp", "#define ONE\n"), (".clang-tidy", "Checks: misc-*\n"),
+    ("commands.json", '[{"directory": ".", "file": "src/room/one.cpp", "command": "compiler -g -o one.o -c src/room/one.cpp"}]'),
+    ("bin/clang-tidy-14", '#!/bin/bash\necho "clang-tidy-14 $*" >>called; echo another version\n'),
+    ("bin/compiler", "#!/bin/bash\nexit 1\n")])
+def test_clang_tidy_looks_again_after_a_change(project, changed, content):
+    run(project, "style")
+    (project / changed).write_text(content)
+    run(project, "style")
+    assert looks(project) == 2
+
+
+def test_what_clang_tidy_complains_of_is_looked_at_each_time(project):
+    play(project, "clang-tidy-14", 'echo "clang-tidy-14 $*" >>called; [[ $* = --version ]]')
+    for _ in range(2):
+        assert run(project, "style").stdout.endswith("2 passed, 1 failed\n")
+    assert looks(project) == 2
+
+
+def test_a_source_that_the_build_does_not_compile_is_looked_at_each_time(project):
+    (project / "commands.json").write_text("[]")
+    for _ in range(2):
+        assert run(project, "style").stdout.endswith("3 passed, 0 failed\n")
+    assert looks(project) == 2
 
 
 def test_an_include_of_a_room_that_the_table_does_not_allow_is_one_failure(project):
@@ -103,10 +145,10 @@ def test_the_style_lane_fails_without_sources(project):
 
 def test_a_failing_command_ends_its_lane_but_not_the_next(project):
     add_lane(project, "unit", "false\nrecord_result unit never 0")
-    add_lane(project, "asan", "record_result asan one 0")
-    done = run(project, "unit", "asan")
+    add_lane(project, "target", "record_result target one 0")
+    done = run(project, "unit", "target")
     assert done.returncode == 1
-    assert "== asan      ok" in done.stdout
+    assert "== target    ok" in done.stdout
     assert done.stdout.endswith("== failed: unit\n1 passed, 0 failed\n")
 
 
@@ -194,8 +236,8 @@ LANES = {
 @pytest.mark.parametrize("lane", LANES)
 def test_an_interrupt_ends_the_lane_and_no_further_one_begins(project, lane, number, status):
     add_lane(project, "unit", "touch begun\n" + LANES[lane])
-    add_lane(project, "asan", "touch wrong")
-    test = subprocess.Popen(**command(project, "unit", "asan"), stdout=subprocess.PIPE)
+    add_lane(project, "target", "touch wrong")
+    test = subprocess.Popen(**command(project, "unit", "target"), stdout=subprocess.PIPE)
     wait_for(project / "begun")
     time.sleep(0.3)
     test.send_signal(number)

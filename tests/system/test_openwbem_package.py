@@ -14,6 +14,8 @@ PREFIX = BUILD / "openwbem-prefix"
 TREE = BUILD / "openwbem-native"
 DELIVERED = ["LANProvider", "LANProvider_plain", "LANProvider_symbols", "lanprovider-check"]
 
+pytestmark = pytest.mark.xdist_group("openwbem")  # one build tree
+
 
 def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout

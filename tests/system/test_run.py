@@ -14,6 +14,9 @@ import pytest
 
 from server import CHECKOUT, RUN as SERVER, Server
 
+# Both build in build/dev, which is for one at a time: test_run.py and test_installation.py.
+pytestmark = pytest.mark.xdist_group("build")
+
 RUN = str(CHECKOUT / "run")
 
 

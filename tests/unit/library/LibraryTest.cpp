@@ -18,7 +18,7 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KV_LEAK_CHECK
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -210,7 +210,7 @@ class ByDesign
   private:
     static void setLeakCheck([[maybe_unused]] bool on)
     {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef KV_LEAK_CHECK
         on ? __lsan_enable() : __lsan_disable();
 #endif
     }
