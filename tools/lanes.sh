@@ -141,7 +141,7 @@ lane_system() {
 
 lane_target() {
     local line library=build/powerpc-installed/lib/openwbem/c++providers/libLANProvider.so
-    build powerpc --target unit_tests load_library
+    build powerpc --target all unit_tests load_library
     run_unit_tests powerpc target
     /usr/bin/python3 tests/target/compare_counts.py "$results" >"$logs/target-counts.txt"
     while read -r line; do note "$line"; done <"$logs/target-counts.txt"
@@ -170,7 +170,7 @@ lane_openwbem() {
     local failed=0
     unset KV_STATE_DIR
     configure_openwbem "$1"
-    cmake --build build/openwbem -j "$jobs"
+    cmake --build build/openwbem -j "$jobs" --target all unit_tests
     LD_LIBRARY_PATH=$1/lib run_unit_tests openwbem openwbem || failed=1
     export KV_OPENWBEM_ROOT=$1 KV_BUILD_DIR=$PWD/build/openwbem
     in_openwbem tour demo/walkthrough.py || failed=1
