@@ -8,6 +8,7 @@
 #include "netutil/InterfaceState.hpp"
 #include "netutil/LinkSpeed.hpp"
 #include "provider/LANProvider.hpp"
+#include "provider/SerialisingLANProvider.hpp"
 #include "replay.h"
 
 #include <OW_CIMClass.hpp>
@@ -59,15 +60,22 @@ struct Session {
                                CIMClass(CIMNULL));
     }
 
-    void enumerateNames(const String& className)
-    {
-        Taken<CIMObjectPath> taken;
-        provider.enumInstanceNames(environment, ns, className, taken, CIMClass(CIMNULL));
-    }
+    void enumerateNames(const String& className) { enumerateNames(provider, className); }
+
+    /// The same through the variant for object managers that run reads side by side.
+    void enumerateNamesSerialised(const String& className) { enumerateNames(serialising, className); }
 
     const String ns = "root/cimv2";
     ProviderEnvironmentIFCRef environment;
     LANProvider provider;
+    SerialisingLANProvider serialising; // shares what the first one initialised
+
+  private:
+    void enumerateNames(CppInstanceProviderIFC& asked, const String& className)
+    {
+        Taken<CIMObjectPath> taken;
+        asked.enumInstanceNames(environment, ns, className, taken, CIMClass(CIMNULL));
+    }
 };
 
 CIMObjectPath pathOf(const String& className, std::initializer_list<std::pair<const char*, const char*>> keys)
@@ -179,6 +187,8 @@ void addMarking(std::vector<Operation>& operations, const std::shared_ptr<Sessio
         {"ORX_ALGService enumInstances", [session, name] { session->enumerate(name); }, nullptr});
     operations.push_back(
         {"ORX_ALGService enumInstanceNames", [session, name] { session->enumerateNames(name); }, nullptr});
+    operations.push_back({"ORX_ALGService enumInstanceNames, serialised",
+                          [session, name] { session->enumerateNamesSerialised(name); }, nullptr});
 }
 
 } // namespace
