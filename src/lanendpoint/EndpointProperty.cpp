@@ -58,6 +58,15 @@ Value readWithWarning(const Endpoint& endpoint, Qualifiers& warning)
     return CIMValue(CimType(value));
 }
 
+// The name is the base's, whose members GCC 12 takes for those of an unrelated type in the template above.
+Value readName(const Endpoint& endpoint, Qualifiers&)
+{
+    String name;
+    if (endpoint.getName(name) != 1)
+        return std::nullopt;
+    return CIMValue(name);
+}
+
 // An instance never goes without its address.
 Value readIPAddress(const Endpoint& endpoint, Qualifiers& warning)
 {
