@@ -31,14 +31,6 @@ Value constant(const Endpoint&, Qualifiers&)
     return CIMValue(String(text));
 }
 
-Value readName(const Endpoint& endpoint, Qualifiers&)
-{
-    String name;
-    if (endpoint.getName(name) != 1)
-        return std::nullopt;
-    return CIMValue(name);
-}
-
 // `Type` is what the getter gives, `CimType` what the property has.
 template <typename Type, typename CimType, int (Endpoint::*get)(Type&) const>
 Value read(const Endpoint& endpoint, Qualifiers&)
