@@ -140,6 +140,6 @@ constexpr ServiceProperties::Row rows[] = {
 
 } // namespace
 
-const ServiceProperties serviceProperties(rows);
+constexpr ServiceProperties serviceProperties(rows);
 
 } // namespace dscp

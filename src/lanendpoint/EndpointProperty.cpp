@@ -130,4 +130,4 @@ constexpr cim::PropertyTable<Endpoint, int>::Row rows[] = {
 
 } // namespace
 
-const cim::PropertyTable<ORX_LANEndpoint, int> endpointProperties(rows);
+constexpr cim::PropertyTable<ORX_LANEndpoint, int> endpointProperties(rows);

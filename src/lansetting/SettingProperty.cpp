@@ -81,4 +81,4 @@ constexpr cim::PropertyTable<Setting, bool>::Row rows[] = {
 
 } // namespace
 
-const cim::PropertyTable<ORX_LANSetting, bool> settingProperties(rows);
+constexpr cim::PropertyTable<ORX_LANSetting, bool> settingProperties(rows);
