@@ -79,6 +79,14 @@ def test_refuses_a_name_that_no_interface_has(managed):
             1, "general error (Cannot find the corresponding if interface#LAN_ERROR_noIFNameMapping#)")
 
 
+def test_reads_of_other_names_that_the_kernel_knows_store_nothing(managed):
+    """To the kernel eth1:x is eth1, so that its data can be read before its name is refused."""
+    for number in range(3):
+        with pytest.raises(CIMError, match="Cannot find the corresponding if interface"):
+            managed.get(CLASS, keys_of(f"eth1:{number}"))
+    assert managed.events() == []
+
+
 def test_refuses_a_path_without_a_name(managed):
     keys = dict(ETH1_KEYS)
     del keys["Name"]

@@ -1,6 +1,7 @@
 """The library file as the object manager's loader sees it, in both variants."""
 
 import pathlib
+import re
 import subprocess
 
 import pytest
@@ -80,3 +81,15 @@ def test_needs_neither_tests_nor_an_object_manager(library):
 def test_can_be_unloaded(library):
     """A symbol of the unique kind would keep the library and its static objects in the process for good."""
     assert not [line for line in output_of("nm", library).splitlines() if " u " in line]
+
+
+@pytest.mark.parametrize("option, delivered, below", [
+    ("ON", "SerialisingFactory", "plain"), ("OFF", "PlainFactory", "serialising"), ("AUTO", "PlainFactory", "serialising")
+])  # fmt: skip
+def test_the_option_decides_which_variant_is_delivered(tmp_path, option, delivered, below):
+    configured = ["cmake", "-S", ROOT, "-B", tmp_path, "-G", "Ninja", "-DBUILD_TESTING=OFF", f"-DKV_SERIALISE_REQUESTS={option}"]
+    subprocess.run(configured, check=True, capture_output=True)
+    rules = (tmp_path / "build.ninja").read_text()
+    linked = dict(re.findall(r"^build (src/\S*libLANProvider\.so): \S+ (\S+)", rules, re.MULTILINE))
+    assert linked.keys() == {"src/libLANProvider.so", f"src/{below}/libLANProvider.so"}
+    assert delivered in output_of("ninja", "-C", tmp_path, "-t", "query", "src/libLANProvider.so")
