@@ -174,7 +174,8 @@ lane_openwbem() {
     LD_LIBRARY_PATH=$1/lib run_unit_tests openwbem openwbem || failed=1
     export KV_OPENWBEM_ROOT=$1 KV_BUILD_DIR=$PWD/build/openwbem
     in_openwbem tour demo/walkthrough.py || failed=1
-    /usr/bin/python3 -m pytest -q --junitxml="$results/openwbem.xml" tests/system || failed=1
+    /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup --junitxml="$results/openwbem.xml" tests/system ||
+        failed=1
     in_openwbem storm tests/soak/storm.py 100000 at 5988 || failed=1
     return $failed
 }
