@@ -177,6 +177,14 @@ def test_a_server_runs_on_a_server():
     assert (done.returncode, done.stdout) == (0, "pbx\n")
 
 
+def test_what_a_program_keeps_for_its_user_goes_with_the_server():
+    with Server() as server:
+        place = server.sh("touch $XDG_STATE_HOME/kept; echo $XDG_STATE_HOME").strip()
+        assert not pathlib.Path(place, "kept").exists()
+    with Server() as server:
+        assert server.run("test -e $XDG_STATE_HOME/kept").status == 1
+
+
 def test_language_and_proxies_of_the_caller_do_not_reach_the_server():
     proxies = ("http_proxy", "HTTP_PROXY", "https_proxy", "HTTPS_PROXY", "all_proxy", "ALL_PROXY")
     environment = {**os.environ, "LC_ALL": "tlh_KX", "LANG": "tlh_KX", **dict.fromkeys(proxies, "http://127.0.0.1:9")}
