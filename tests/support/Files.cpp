@@ -1,5 +1,6 @@
-// Files by absolute path, mapped into the world's temporary tree.
+// Files by absolute path, mapped into the world's tree in memory.
 
+#include "MemoryFiles.hpp"
 #include "World.hpp"
 
 #include <fcntl.h>
@@ -82,7 +83,7 @@ FILE* __wrap_fopen(const char* path, const char* mode)
     const std::string line = std::string("fopen ") + path + " " + plainMode(mode);
     if (fails(*world, "fopen", line))
         return nullptr;
-    FILE* stream = __real_fopen(world->real(path).c_str(), mode);
+    FILE* stream = fakes::memory::open(world->real(path), plainMode(mode));
     if (stream)
         world->streams[stream] = path;
     return stream;
@@ -112,7 +113,7 @@ int __wrap_rename(const char* from, const char* to)
         return __real_rename(from, to);
     if (fails(*world, "rename", std::string("rename ") + from + " " + to))
         return -1;
-    return __real_rename(world->real(from).c_str(), world->real(to).c_str());
+    return fakes::memory::rename(world->real(from), world->real(to));
 }
 
 int __wrap_remove(const char* path)
@@ -122,5 +123,5 @@ int __wrap_remove(const char* path)
         return __real_remove(path);
     if (fails(*world, "remove", std::string("remove ") + path))
         return -1;
-    return __real_remove(world->real(path).c_str());
+    return fakes::memory::remove(world->real(path));
 }

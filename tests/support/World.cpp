@@ -1,18 +1,11 @@
 #include "World.hpp"
 
-#include <net/if.h>
-#include <unistd.h>
+#include "MemoryFiles.hpp"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
+#include <net/if.h>
 
 namespace fakes
 {
-
-namespace fs = std::filesystem;
 
 namespace
 {
@@ -24,14 +17,11 @@ Interface::Interface() : flags(IFF_UP | IFF_RUNNING) {}
 
 World::World()
 {
-    // Memory rather than disk: hundreds of tests make a tree each.
-    std::string pattern =
-        std::string(access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp") + "/kv-test-XXXXXX";
-    if (!mkdtemp(pattern.data()))
-        throw std::runtime_error("cannot create a directory for " + pattern);
-    m_root = pattern;
+    // Several may live at once, each with a tree of its own.
+    static thread_local unsigned worlds = 0;
+    m_root = "/world-" + std::to_string(++worlds);
     for (const char* directoryInside : {"/etc/sysconfig/network-scripts", "/kv/etc", "/dev"})
-        fs::create_directories(m_root + directoryInside);
+        memory::makeDirectory(m_root + directoryInside);
     for (int n = 0; n < 3; ++n) {
         Interface& added = interfaces["eth" + std::to_string(n)];
         added.mac = {0x00, 0x0a, 0xf7, 0x01, 0x02, static_cast<unsigned char>(0xa0 + n)};
@@ -42,8 +32,8 @@ World::World()
 World::~World()
 {
     theWorld = nullptr;
-    std::error_code ignored;
-    fs::remove_all(m_root, ignored);
+    memory::forgetAll(m_root + "/");
+    memory::remove(m_root);
 }
 
 World* World::current()
@@ -132,24 +122,22 @@ std::string World::real(const std::string& path) const
 
 void World::write(const std::string& path, const std::string& content) const
 {
-    std::ofstream(real(path), std::ios::binary) << content;
+    memory::write(real(path), content);
 }
 
 std::string World::read(const std::string& path) const
 {
-    std::ostringstream content;
-    content << std::ifstream(real(path), std::ios::binary).rdbuf();
-    return content.str();
+    return memory::contentOf(real(path)).value_or("");
 }
 
 bool World::exists(const std::string& path) const
 {
-    return fs::exists(real(path));
+    return memory::exists(real(path));
 }
 
 void World::makeDirectory(const std::string& path) const
 {
-    fs::create_directories(real(path));
+    memory::makeDirectory(real(path));
 }
 
 } // namespace fakes
