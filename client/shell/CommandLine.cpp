@@ -12,6 +12,7 @@
 #include <functional>
 #include <iostream>
 #include <optional>
+#include <system_error>
 
 namespace lanctl::shell
 {
@@ -24,6 +25,7 @@ struct CommandLine {
     ConnectionChoice choice;
     Agreement agreement;
     WatchOptions watchOptions;
+    WebOptions webOptions;
     std::vector<std::string> objects;
     std::string object;
     std::vector<std::string> assignments;
@@ -175,6 +177,15 @@ void addWayBackCommands(CLI::App& app, CommandLine& line)
         [&] { line.command = [&] { return shell::rollback(line.choice, line.number, line.agreement); }; });
 }
 
+void addWebCommand(CLI::App& app, CommandLine& line)
+{
+    CLI::App* web = app.add_subcommand("web", "show and change the server in a browser");
+    web->add_option("--listen", line.webOptions.listen, "where the page is served (127.0.0.1:8080)")
+        ->type_name("ADDRESS:PORT");
+    web->add_flag("--read-only", line.webOptions.readOnly, "show only");
+    web->callback([&] { line.command = [&] { return shell::web(line.choice, line.webOptions); }; });
+}
+
 void complain(const std::string& text)
 {
     std::cerr << "lanctl: " << text << "\n";
@@ -191,6 +202,9 @@ Exit runCommand(const CommandLine& line)
         complain(harmless(e.what()));
         return Exit::NotAsWanted;
     } catch (const wayback::FolderError& e) {
+        complain(harmless(e.what()));
+        return Exit::NotAsWanted;
+    } catch (const std::system_error& e) {
         complain(harmless(e.what()));
         return Exit::NotAsWanted;
     } catch (const wire::CimError& e) {
@@ -215,6 +229,7 @@ int run(int argc, char** argv)
     addReadCommands(app, line);
     addChangeCommands(app, line);
     addWayBackCommands(app, line);
+    addWebCommand(app, line);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

@@ -28,6 +28,11 @@ struct WatchOptions {
     int count = 0; // how often to look; 0: until Ctrl-C
 };
 
+struct WebOptions {
+    std::string listen = "127.0.0.1:8080";
+    bool readOnly = false;
+};
+
 Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson);
 Exit watch(const ConnectionChoice& choice, const std::vector<std::string>& objects,
            const WatchOptions& options);
@@ -44,6 +49,9 @@ Exit status(bool asJson);
 Exit history(const ConnectionChoice& choice, bool asJson);
 /// Brings back the state before that change, or before the last one.
 Exit rollback(const ConnectionChoice& choice, std::optional<int> number, const Agreement& agreement);
+
+/// Serves the page until it is ended.
+Exit web(const ConnectionChoice& choice, const WebOptions& options);
 
 /// The wanted state of a file, or of standard input when it is called "-". Throws UsageError.
 model::WantedState wantedOfFile(const std::string& file);

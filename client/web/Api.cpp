@@ -1,0 +1,244 @@
+#include "web/Api.hpp"
+
+#include "model/Names.hpp"
+#include "model/WantedText.hpp"
+#include "wayback/GuardLoop.hpp"
+#include "web/Gate.hpp"
+#include "json/HistoryJson.hpp"
+
+#include <array>
+#include <ctime>
+
+namespace lanctl::web
+{
+
+namespace
+{
+
+using json::Json;
+
+constexpr int longestCountdown = 86400;
+
+Response ok(const Json& body)
+{
+    return {200, "application/json", json::text(body)};
+}
+
+std::string timeText(std::chrono::system_clock::time_point time)
+{
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(time);
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    std::array<char, sizeof "2026-03-01T12:00:00Z"> text{};
+    std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts);
+    return text.data();
+}
+
+Json serverJson(const model::ServerState& state)
+{
+    Json endpoints = Json::array();
+    for (const auto& endpoint : state.endpoints)
+        endpoints.push_back(json::toJson(endpoint));
+    return {{"endpoints", std::move(endpoints)},
+            {"lan", json::toJson(state.setting)},
+            {"marking", json::toJson(state.marking)}};
+}
+
+/// What the browser wants: [{"object": "eth1", "key": "mtu", "value": "1400"}, ...].
+struct Asked {
+    model::WantedState wanted;
+    Json invalid = Json::array(); // values that are none of their form, by field
+    Json file = Json::object();   // the same as a file for `lanctl apply`
+};
+
+void ask(Asked& asked, const Json& change)
+{
+    const auto object = change.at("object").get<std::string>();
+    const auto key = change.at("key").get<std::string>();
+    const auto value = change.at("value").get<std::string>();
+    try {
+        model::want(asked.wanted, object, key, value);
+        const bool isEndpoint = model::kindOf(object) == model::Kind::Endpoint;
+        (isEndpoint ? asked.file["endpoints"][object] : asked.file[object])[key] = value;
+    } catch (const model::BadWanted& e) {
+        asked.invalid.push_back({{"object", object}, {"key", key}, {"text", e.what()}});
+    }
+}
+
+Asked askedOf(const Json& body)
+{
+    Asked asked;
+    for (const Json& change : body.at("changes"))
+        ask(asked, change);
+    return asked;
+}
+
+int countdownOf(const Json& body)
+{
+    const int seconds = body.value("confirm", 60);
+    if (seconds < 1 || seconds > longestCountdown)
+        throw std::invalid_argument("confirm is 1 to 86400 seconds");
+    return seconds;
+}
+
+/// lanctl's own sentence without its name.
+std::string complaintOf(const Finished& finished)
+{
+    const std::string begin = "lanctl: ";
+    std::string text = finished.errors;
+    if (text.rfind(begin, 0) == 0)
+        text.erase(0, begin.size());
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    return text.empty() ? "lanctl ended with " + std::to_string(finished.status) + "." : text;
+}
+
+} // namespace
+
+Api::Api(ApiOptions options, Follower& follower, wayback::History history, Run run)
+    : m_options(std::move(options)), m_follower(follower), m_history(std::move(history)),
+      m_run(std::move(run))
+{
+}
+
+Response Api::answer(const Request& request)
+{
+    const bool reads = request.method == "GET";
+    if (request.path == "/api/state")
+        return reads ? state() : failure(405, "The state is read with GET.");
+    if (request.path == "/api/history")
+        return reads ? history() : failure(405, "The history is read with GET.");
+    if (reads)
+        return failure(404, "There is nothing here.");
+    try {
+        return post(request);
+    } catch (const Json::exception&) {
+        return failure(400, "The request is not the JSON that is expected here.");
+    } catch (const std::invalid_argument& e) {
+        return failure(400, e.what());
+    } catch (const std::exception& e) {
+        return failure(500, e.what());
+    }
+}
+
+Response Api::post(const Request& request)
+{
+    const Json body = Json::parse(request.body);
+    if (request.path == "/api/plan")
+        return plan(body);
+    if (m_options.readOnly)
+        return failure(403, "This page is read-only.");
+    if (request.path == "/api/apply")
+        return apply(body);
+    if (request.path == "/api/confirm")
+        return confirm(body);
+    if (request.path == "/api/revert")
+        return revert(body);
+    if (request.path == "/api/rollback")
+        return rollback(body);
+    return failure(404, "There is nothing here.");
+}
+
+Response Api::state()
+{
+    const Snapshot snapshot = m_follower.latest();
+    const auto entries = m_history.entries();
+    const auto open = m_history.openEntry();
+    return ok({{"server", m_options.server},
+               {"read-only", m_options.readOnly},
+               {"reached", snapshot.reached},
+               {"since", timeText(snapshot.since)},
+               {"trouble", snapshot.trouble},
+               {"advice", snapshot.advice},
+               {"state", snapshot.state ? serverJson(*snapshot.state) : Json(nullptr)},
+               {"open", open ? json::openJson(*open, m_history) : Json(nullptr)},
+               {"last", entries.empty() ? Json(nullptr) : json::toJson(entries.back(), m_history)}});
+}
+
+Response Api::planned(const model::WantedState& wanted, Json invalid, const Snapshot& snapshot) const
+{
+    if (!snapshot.state)
+        return failure(503, snapshot.trouble, snapshot.advice);
+    const plan::Plan plan = plan::plan(*snapshot.state, wanted, snapshot.peerAddress);
+    Json told = json::toJson(plan, plan::reach(plan, *snapshot.state, snapshot.peerAddress));
+    told["invalid"] = std::move(invalid);
+    return ok(told);
+}
+
+Response Api::plan(const Json& body)
+{
+    Asked asked = askedOf(body);
+    return planned(asked.wanted, std::move(asked.invalid), m_follower.latest());
+}
+
+/// What the user has reviewed is what is applied: when the server has changed meanwhile, the new plan is
+/// shown instead.
+Response Api::apply(const Json& body)
+{
+    Asked asked = askedOf(body);
+    if (!asked.invalid.empty())
+        return failure(400, asked.invalid.front().at("text").get<std::string>());
+    const Response now = planned(asked.wanted, std::move(asked.invalid), m_follower.fresh());
+    if (now.status != 200)
+        return now;
+    const Json plan = Json::parse(now.body);
+    if (plan.at("changes") != body.at("reviewed"))
+        return {
+            409, now.type,
+            json::text({{"error",
+                         {{"text", "The server has changed meanwhile."}, {"advice", "Review the new plan."}}},
+                        {"plan", plan}})};
+    return runChange({"apply", "-", "--confirm", std::to_string(countdownOf(body))}, asked.file.dump());
+}
+
+Response Api::rollback(const Json& body)
+{
+    const int number = body.at("number").get<int>();
+    return runChange({"rollback", std::to_string(number), "--confirm", std::to_string(countdownOf(body))},
+                     "");
+}
+
+Response Api::runChange(std::vector<std::string> arguments, const std::string& input)
+{
+    const std::unique_lock lock(m_changing, std::try_to_lock);
+    if (!lock)
+        return failure(409, "Another change is being made.");
+    arguments.insert(arguments.end(), {"--yes", "--json"});
+    arguments.insert(arguments.end(), m_options.connection.begin(), m_options.connection.end());
+    const Finished finished = m_run(arguments, input);
+    const Json told = Json::parse(finished.output, nullptr, false);
+    if (told.is_discarded())
+        return failure(502, complaintOf(finished));
+    return ok(told);
+}
+
+Response Api::confirm(const Json& body)
+{
+    return requestOfGuard(body, wayback::requests::confirm);
+}
+
+Response Api::revert(const Json& body)
+{
+    return requestOfGuard(body, wayback::requests::takeBackNow);
+}
+
+/// The guard answers by what /api/state tells of the change.
+Response Api::requestOfGuard(const Json& body, const char* request)
+{
+    const int number = body.at("number").get<int>();
+    const auto open = m_history.openEntry();
+    if (!open || open->number != number)
+        return failure(409, "Change " + std::to_string(number) + " does not wait any more.");
+    m_history.folder().mark(request);
+    return ok(json::openJson(*open, m_history));
+}
+
+Response Api::history() const
+{
+    Json list = Json::array();
+    for (const auto& entry : m_history.entries())
+        list.push_back(json::toJson(entry, m_history));
+    return ok(list);
+}
+
+} // namespace lanctl::web
