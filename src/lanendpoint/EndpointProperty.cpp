@@ -62,7 +62,7 @@ Value readName(const Endpoint& endpoint, Qualifiers&)
 // An instance never goes without its address.
 Value readIPAddress(const Endpoint& endpoint, Qualifiers& warning)
 {
-    const Value value = readWithWarning<String, String, &Endpoint::getIPAddress>(endpoint, warning);
+    Value value = readWithWarning<String, String, &Endpoint::getIPAddress>(endpoint, warning);
     if (!value) // Tools know this text, "set" included.
         reporting::fail({unit, __LINE__}, CIMException::FAILED, "Error: setIPAddress!!");
     return value;
