@@ -3,6 +3,9 @@
 #include "CallOutput.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMValue.hpp"
+#include "OW_String.hpp"
 
 #include <algorithm>
 #include <iostream>

@@ -1,5 +1,8 @@
 #include "CallOutput.hpp"
 
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_CIMValueCast.hpp"
 
 #include <cstdio>

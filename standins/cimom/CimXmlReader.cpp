@@ -1,6 +1,8 @@
 #include "CimXmlReader.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
 #include "OW_CIMValueCast.hpp"
 
 #include <algorithm>

@@ -4,6 +4,11 @@
 #include "XmlText.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMFlavor.hpp"
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMParameter.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
 #include "OW_CIMValueCast.hpp"
 
 #include <algorithm>

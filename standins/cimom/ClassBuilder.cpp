@@ -1,6 +1,12 @@
 #include "ClassBuilder.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMFlavor.hpp"
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMParameter.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_CIMValueCast.hpp"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include "ConsoleLogger.hpp"
 
+#include "OW_LogMessage.hpp"
 #include <cstdio>
 #include <string>
 

@@ -2,6 +2,11 @@
 
 #include "RequestSync.hpp"
 
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMParameter.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_CIMValueCast.hpp"
 #include "OW_CppInstanceProviderIFC.hpp"
 #include "OW_CppMethodProviderIFC.hpp"

@@ -7,6 +7,7 @@
 #include "OW_CIMInstance.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMParamValue.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_WBEMFlags.hpp"
 
 #include <functional>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "OW_OperationContext.hpp"
 #include "OW_ProviderEnvironmentIFC.hpp"
 #include "OW_RepositoryIFC.hpp"
 

@@ -3,8 +3,11 @@
 #include "OW_CIMException.hpp"
 #include "OW_CppInstanceProviderIFC.hpp"
 #include "OW_CppMethodProviderIFC.hpp"
+#include "OW_CppProviderBaseIFC.hpp"
 #include "OW_InstanceProviderInfo.hpp"
+#include "OW_IntrusiveReference.hpp"
 #include "OW_MethodProviderInfo.hpp"
+#include "OW_SharedLibraryReference.hpp"
 
 #include <algorithm>
 #include <dlfcn.h>
@@ -37,11 +40,18 @@ class Library : public SharedLibrary
     template <class Function>
     Function* function(const std::string& name) const
     {
-        void* symbol = dlsym(m_handle, name.c_str());
-        if (symbol == nullptr) {
+        void* symbol = nullptr;
+        if (!doGetFunctionPointer(name.c_str(), &symbol)) {
             throw std::runtime_error("it has no function " + name);
         }
         return reinterpret_cast<Function*>(symbol);
+    }
+
+  protected:
+    bool doGetFunctionPointer(const String& functionName, void** functionPointer) const override
+    {
+        *functionPointer = dlsym(m_handle, functionName.c_str());
+        return *functionPointer != nullptr;
     }
 
   private:
@@ -111,7 +121,7 @@ std::vector<std::string> ProviderLoader::inspect() const
     const auto isUnusable = [this](const std::string& id) {
         const CppProviderBaseIFCRef inspected = create(id, libraryOf(id));
         if (inspected) {
-            askWhatItIs(*inspected);
+            askWhatItIs(*inspected.get());
         }
         return !inspected;
     };

@@ -1,6 +1,11 @@
 #include "RequestSync.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMParameter.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_CIMValueCast.hpp"
 
 namespace cimom
@@ -50,7 +55,7 @@ CIMObjectPath syncedPath(const CIMObjectPath& path, const CIMClass& cimClass)
 CIMInstance syncedInstance(const CIMInstance& instance, const CIMClass& cimClass)
 {
     CIMInstance result(instance);
-    result.syncWithClass(cimClass, WBEMFlags::E_EXCLUDE_QUALIFIERS);
+    result.syncWithClass(cimClass);
     CIMQualifierArray qualifiers;
     for (const CIMQualifier& qualifier : instance.getQualifiers()) {
         if (const CIMQualifier ofClass = cimClass.getQualifier(qualifier.getName())) {

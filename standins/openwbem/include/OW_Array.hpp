@@ -3,7 +3,7 @@
 
 #include "OW_ArrayFwd.hpp"
 #include "OW_Exception.hpp"
-#include <iterator>
+#include "OW_Types.hpp"
 #include <memory>
 #include <vector>
 
@@ -71,13 +71,7 @@ class Array
         push_back(value);
         return *this;
     }
-    void push_back(const T& value)
-    {
-        if (m_items.capacity() == 0) {
-            m_items.reserve(16); // what most lists of a CIM object stay below
-        }
-        m_items.push_back(value);
-    }
+    void push_back(const T& value) { m_items.push_back(value); }
     void append(const T& value) { push_back(value); }
     void appendArray(const Array& other)
     {
@@ -91,8 +85,18 @@ class Array
 
     iterator insert(iterator position, const T& value) { return m_items.insert(position, value); }
     void insert(size_type position, const T& value) { m_items.insert(at(position), value); }
+    template <class InputIterator>
+    void insert(iterator position, InputIterator first, InputIterator last)
+    {
+        m_items.insert(position, first, last);
+    }
     void remove(size_type index) { m_items.erase(at(checked(index))); }
-    void remove(size_type first, size_type last) { m_items.erase(at(first), at(last)); }
+    void remove(size_type first, size_type last) // from first up to last, which must be more
+    {
+        checked(first);
+        checked(last - 1);
+        m_items.erase(at(first), at(last));
+    }
     iterator erase(iterator position) { return m_items.erase(position); }
     iterator erase(iterator first, iterator last) { return m_items.erase(first, last); }
     void resize(size_type n) { m_items.resize(n); }
@@ -118,6 +122,17 @@ class Array
 
     Items m_items;
 };
+
+typedef Array<UInt8> UInt8Array;
+typedef Array<Int8> Int8Array;
+typedef Array<UInt16> UInt16Array;
+typedef Array<Int16> Int16Array;
+typedef Array<UInt32> UInt32Array;
+typedef Array<Int32> Int32Array;
+typedef Array<UInt64> UInt64Array;
+typedef Array<Int64> Int64Array;
+typedef Array<Real32> Real32Array;
+typedef Array<Real64> Real64Array;
 
 } // namespace OpenWBEM
 

@@ -13,13 +13,10 @@ class Bool
   public:
     Bool() : m_value(false) {}
     Bool(bool value) : m_value(value) {}
-    template <class T>
-    explicit Bool(const T*) = delete; // a pointer is no boolean
-    template <class T>
-    explicit Bool(const volatile T*) = delete;
+    Bool(const volatile void*) = delete; // a pointer is no boolean, which makes the literal 0 ambiguous
 
     operator bool() const { return m_value; }
-    Bool operator!() const { return Bool(!m_value); }
+    bool operator!() const { return !m_value; }
     bool operator==(bool arg) const { return m_value == arg; }
     bool operator==(const Bool& arg) const { return m_value == arg.m_value; }
     bool operator!=(bool arg) const { return m_value != arg; }

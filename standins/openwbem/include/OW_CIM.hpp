@@ -1,11 +1,13 @@
 #ifndef OW_CIM_HPP_
 #define OW_CIM_HPP_
 
+#include "OW_Array.hpp"
 #include "OW_CIMClass.hpp"
 #include "OW_CIMDataType.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMException.hpp"
 #include "OW_CIMFlavor.hpp"
+#include "OW_CIMFwd.hpp"
 #include "OW_CIMInstance.hpp"
 #include "OW_CIMMethod.hpp"
 #include "OW_CIMName.hpp"
@@ -16,5 +18,8 @@
 #include "OW_CIMQualifier.hpp"
 #include "OW_CIMQualifierType.hpp"
 #include "OW_CIMValue.hpp"
+#include "OW_Char16.hpp"
+#include "OW_Exception.hpp"
+#include "OW_String.hpp"
 
 #endif

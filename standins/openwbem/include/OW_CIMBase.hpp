@@ -1,9 +1,8 @@
 #ifndef OW_CIM_BASE_HPP_
 #define OW_CIM_BASE_HPP_
 
-#include "OW_CIMFwd.hpp"
-#include "OW_CIMNULL.hpp"
-#include "OW_String.hpp"
+#include "OW_CommonFwd.hpp"
+#include "OW_Types.hpp"
 #include <iosfwd>
 
 namespace OpenWBEM
@@ -19,10 +18,11 @@ class CIMBase
     virtual String toString() const = 0;
     virtual String toMOF() const = 0;
 
+    CIMBase& operator=(const CIMBase&) = default;
+
   protected:
     CIMBase() = default;
     CIMBase(const CIMBase&) = default;
-    CIMBase& operator=(const CIMBase&) = default;
 };
 
 std::ostream& operator<<(std::ostream& ostr, const CIMBase& cb); // toString()

@@ -3,9 +3,13 @@
 
 #include "OW_Array.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMMethod.hpp"
-#include "OW_CIMProperty.hpp"
-#include "OW_CIMQualifier.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
+#include "OW_String.hpp"
+#include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
 {
@@ -28,21 +32,22 @@ class CIMClass : public CIMElement
     CIMPropertyArray getAllProperties() const;
     CIMProperty getProperty(const CIMName& name) const; // null when absent
     CIMPropertyArray getKeys() const;
-    CIMClass& addProperty(const CIMProperty& property); // CIMException ALREADY_EXISTS when present
+    CIMClass& addProperty(const CIMProperty& property); // even if there is one of that name
     CIMClass& setProperty(const CIMProperty& property); // replaces or adds
     CIMClass& setProperties(const CIMPropertyArray& properties);
 
     CIMQualifierArray getQualifiers() const;
     CIMQualifier getQualifier(const CIMName& name) const;  // null when absent
-    CIMClass& addQualifier(const CIMQualifier& qualifier); // CIMException ALREADY_EXISTS when present
+    CIMClass& addQualifier(const CIMQualifier& qualifier); // at the end; one of that name goes
     CIMClass& setQualifiers(const CIMQualifierArray& qualifiers);
 
     CIMMethodArray getAllMethods() const;
     CIMMethod getMethod(const CIMName& name) const; // null when absent
-    CIMClass& addMethod(const CIMMethod& method);   // CIMException ALREADY_EXISTS when present
+    CIMClass& addMethod(const CIMMethod& method);   // even if there is one of that name
     CIMClass& setMethods(const CIMMethodArray& methods);
 
     CIMInstance newInstance() const; // all properties with their defaults
+    // Of properties, qualifiers and methods only the numbers count.
     bool operator==(const CIMClass& arg) const;
     bool operator!=(const CIMClass& arg) const { return !(*this == arg); }
     virtual String toString() const;

@@ -2,9 +2,12 @@
 #define OW_CIM_DATA_TYPE_HPP_
 
 #include "OW_CIMBase.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
 #include "OW_CIMName.hpp"
 #include "OW_COWReference.hpp"
 #include "OW_SafeBool.hpp"
+#include "OW_Types.hpp"
 
 namespace OpenWBEM
 {
@@ -52,14 +55,14 @@ class CIMDataType : public CIMBase
     bool isArrayType() const;
     bool isNumericType() const; // integers and reals, and arrays of them
     bool isReferenceType() const;
-    Int32 getSize() const;
-    bool setToArrayType(Int32 size); // false for types that have no arrays
+    Int32 getSize() const;           // of an array, -1 for any size; 1 for others
+    bool setToArrayType(Int32 size); // always true
     String getRefClassName() const;
-    bool equals(const CIMDataType& arg) const;
-    virtual String toString() const; // of arrays the element type only
+    bool equals(const CIMDataType& arg) const; // type, and whether it is an array, of any size or of one
+    virtual String toString() const;           // of arrays the element type only
     virtual String toMOF() const;
 
-    static CIMDataType getDataType(const String& name); // in any case; type INVALID when unknown
+    static CIMDataType getDataType(const String& name); // in any case; type CIMNULL when unknown
     static Type strToSimpleType(const String& name);
 
     OW_SAFE_BOOL(hasType())
@@ -67,19 +70,13 @@ class CIMDataType : public CIMBase
   private:
     struct Data;
     bool hasType() const;
-    static COWReference<Data> plain(Type type);
 
     COWReference<Data> m_data;
 };
 
-inline bool operator==(const CIMDataType& lhs, const CIMDataType& rhs)
-{
-    return lhs.equals(rhs);
-}
-inline bool operator!=(const CIMDataType& lhs, const CIMDataType& rhs)
-{
-    return !lhs.equals(rhs);
-}
+bool operator==(const CIMDataType& lhs,
+                const CIMDataType& rhs); // also the array size and the class referred to
+bool operator!=(const CIMDataType& lhs, const CIMDataType& rhs);
 
 } // namespace OpenWBEM
 

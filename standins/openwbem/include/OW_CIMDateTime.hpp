@@ -1,12 +1,13 @@
 #ifndef OW_CIM_DATE_TIME_HPP_
 #define OW_CIM_DATE_TIME_HPP_
 
-#include "OW_CIMFwd.hpp"
+#include "OW_CIMException.hpp"
 #include "OW_CIMNULL.hpp"
 #include "OW_COWReference.hpp"
-#include "OW_DateTime.hpp"
+#include "OW_CommonFwd.hpp"
 #include "OW_SafeBool.hpp"
 #include "OW_String.hpp"
+#include "OW_Types.hpp"
 
 namespace OpenWBEM
 {
@@ -27,8 +28,8 @@ class CIMDateTime
 
     UInt16 getYear() const;
     UInt8 getMonth() const;
-    UInt8 getDay() const;
-    UInt32 getDays() const; // of an interval
+    UInt32 getDay() const;
+    UInt32 getDays() const; // the same: of a date its day, of an interval its days
     UInt8 getHours() const;
     UInt8 getMinutes() const;
     UInt8 getSeconds() const;
@@ -37,7 +38,7 @@ class CIMDateTime
 
     CIMDateTime& setYear(UInt16 value);
     CIMDateTime& setMonth(UInt8 value);
-    CIMDateTime& setDay(UInt8 value);
+    CIMDateTime& setDay(UInt32 value);
     CIMDateTime& setDays(UInt32 value);
     CIMDateTime& setHours(UInt8 value);
     CIMDateTime& setMinutes(UInt8 value);
@@ -49,6 +50,7 @@ class CIMDateTime
     void setInterval(bool interval);
     bool equal(const CIMDateTime& arg) const; // all fields
     String toString() const;
+    DateTime toDateTime() const; // DateTimeException as below
 
     // False when null, and also when all fields from the year to the microseconds are zero.
     OW_SAFE_BOOL(isSet())
@@ -67,6 +69,7 @@ bool operator<(const CIMDateTime& lhs, const CIMDateTime& rhs);
 bool operator<=(const CIMDateTime& lhs, const CIMDateTime& rhs);
 bool operator>(const CIMDateTime& lhs, const CIMDateTime& rhs);
 bool operator>=(const CIMDateTime& lhs, const CIMDateTime& rhs);
+std::ostream& operator<<(std::ostream& ostr, const CIMDateTime& arg);
 
 } // namespace OpenWBEM
 

@@ -2,7 +2,8 @@
 #define OW_CIM_ELEMENT_HPP_
 
 #include "OW_CIMBase.hpp"
-#include "OW_CIMName.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_String.hpp"
 
 namespace OpenWBEM
 {
@@ -22,11 +23,11 @@ class CIMElement : public CIMBase
     bool equals(const CIMElement& arg);
     bool operator==(const CIMElement& arg);
     bool operator!=(const CIMElement& arg);
+    CIMElement& operator=(const CIMElement&) = default;
 
   protected:
     CIMElement() = default;
     CIMElement(const CIMElement&) = default;
-    CIMElement& operator=(const CIMElement&) = default;
 };
 
 } // namespace OpenWBEM

@@ -1,9 +1,7 @@
 #ifndef OW_CIM_EXCEPTION_HPP_
 #define OW_CIM_EXCEPTION_HPP_
 
-#include "OW_CIMFwd.hpp"
 #include "OW_Exception.hpp"
-#include <string>
 
 namespace OpenWBEM
 {
@@ -49,7 +47,8 @@ class CIMException : public Exception
     void swap(CIMException& other);
 
   private:
-    mutable std::shared_ptr<const std::string> m_message;
+    struct Message;
+    mutable COWReference<Message> m_message;
 };
 
 } // namespace OpenWBEM
@@ -57,5 +56,7 @@ class CIMException : public Exception
 // They name CIMException unqualified: the caller needs using namespace OpenWBEM.
 #define OW_THROWCIM(errval) throw CIMException(__FILE__, __LINE__, (errval))
 #define OW_THROWCIMMSG(errval, msg) throw CIMException(__FILE__, __LINE__, (errval), (msg))
+#define OW_THROWCIM_SUBEX(errval, msg, subException)                                                         \
+    throw CIMException(__FILE__, __LINE__, (errval), (msg), (subException))
 
 #endif

@@ -1,25 +1,35 @@
 #ifndef OW_CIM_FLAVOR_HPP_
 #define OW_CIM_FLAVOR_HPP_
 
-#include "OW_CIMFwd.hpp"
-#include "OW_String.hpp"
+#include "OW_CIMBase.hpp"
+#include "OW_SafeBool.hpp"
+#include "OW_Types.hpp"
 
 namespace OpenWBEM
 {
 
 // How a qualifier is inherited and overridden (DMTF DSP0004, qualifier flavors).
-class CIMFlavor
+class CIMFlavor : public CIMBase
 {
   public:
-    enum Flavor { ENABLEOVERRIDE, DISABLEOVERRIDE, RESTRICTED, TOSUBCLASS, TRANSLATE };
+    enum Flavor {
+        INVALID = 0,
+        ENABLEOVERRIDE = 1,
+        DISABLEOVERRIDE = 2,
+        RESTRICTED = 3,
+        TOSUBCLASS = 4,
+        TRANSLATE = 5
+    };
 
-    explicit CIMFlavor(Flavor flavor) : m_flavor(flavor) {}
+    CIMFlavor();
+    CIMFlavor(Flavor flavor); // INVALID when it is none of those above
 
-    Flavor getFlavor() const { return m_flavor; }
-    String toString() const; // as in MOF
-    bool operator==(const CIMFlavor& arg) const { return m_flavor == arg.m_flavor; }
-    bool operator!=(const CIMFlavor& arg) const { return m_flavor != arg.m_flavor; }
-    bool operator<(const CIMFlavor& arg) const { return m_flavor < arg.m_flavor; }
+    Int32 getFlavor() const { return m_flavor; }
+    virtual void setNull(); // to INVALID
+    virtual String toString() const;
+    virtual String toMOF() const;
+
+    OW_SAFE_BOOL(m_flavor != INVALID)
 
   private:
     Flavor m_flavor;

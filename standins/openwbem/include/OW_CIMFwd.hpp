@@ -2,6 +2,7 @@
 #define OW_CIM_FWD_HPP_
 
 #include "OW_ArrayFwd.hpp"
+#include "OW_CommonFwd.hpp"
 
 namespace OpenWBEM
 {

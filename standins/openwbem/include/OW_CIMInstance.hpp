@@ -2,11 +2,14 @@
 #define OW_CIM_INSTANCE_HPP_
 
 #include "OW_Array.hpp"
+#include "OW_CIMDataType.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMProperty.hpp"
-#include "OW_CIMQualifier.hpp"
-#include "OW_CIMValue.hpp"
-#include "OW_NoSuchPropertyException.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
+#include "OW_String.hpp"
 #include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
@@ -19,7 +22,7 @@ class CIMInstance : public CIMElement
   public:
     CIMInstance();
     explicit CIMInstance(CIMNULL_t);
-    explicit CIMInstance(CIMName className);
+    explicit CIMInstance(const CIMName& className);
     explicit CIMInstance(const char* className);
 
     virtual void setNull();
@@ -44,8 +47,8 @@ class CIMInstance : public CIMElement
     CIMInstance&
     setProperty(const CIMProperty& property); // replaces the whole property in its place, or appends
     CIMInstance& removeProperty(const CIMName& name);
-    CIMInstance& updatePropertyValue(const CIMProperty& property); // never adds
-    CIMInstance& updatePropertyValue(const CIMName& name, const CIMValue& value);
+    CIMInstance& updatePropertyValue(const CIMProperty& property);                // never adds
+    CIMInstance& updatePropertyValue(const CIMName& name, const CIMValue& value); // null throws
     CIMInstance& updatePropertyValues(const CIMPropertyArray& properties);
     CIMPropertyArray getKeyValuePairs() const;
     CIMInstance& setKeys(const CIMPropertyArray& keys);
@@ -56,7 +59,7 @@ class CIMInstance : public CIMElement
     CIMInstance& setQualifier(const CIMQualifier& qualifier);
     CIMInstance& removeQualifier(const CIMName& name);
 
-    // A null property list keeps all properties, an empty one none.
+    // A null property list keeps all properties, an empty one none, unless it is to be ignored.
     CIMInstance clone(WBEMFlags::ELocalOnlyFlag localOnly,
                       WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
                       WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
@@ -70,8 +73,8 @@ class CIMInstance : public CIMElement
     CIMInstance&
     syncWithClass(const CIMClass& cimClass,
                   WBEMFlags::EIncludeQualifiersFlag includeQualifiers = WBEMFlags::E_INCLUDE_QUALIFIERS);
-    // The previous instance with the properties of this one that are in the list (or all), as its class has
-    // them.
+    // This instance itself without a list. Otherwise the previous one's properties, those in the list
+    // replaced by this one's, or by the class's where this one has none.
     CIMInstance createModifiedInstance(const CIMInstance& previousInstance,
                                        WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
                                        const StringArray* propertyList, const CIMClass& theClass) const;

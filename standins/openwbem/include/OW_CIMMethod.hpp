@@ -1,11 +1,13 @@
 #ifndef OW_CIM_METHOD_HPP_
 #define OW_CIM_METHOD_HPP_
 
-#include "OW_Array.hpp"
-#include "OW_CIMDataType.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMParameter.hpp"
-#include "OW_CIMQualifier.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
+#include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
 {
@@ -27,14 +29,16 @@ class CIMMethod : public CIMElement
     CIMParameterArray getINParameters() const;  // an absent In qualifier means true
     CIMParameterArray getOUTParameters() const; // a true Out qualifier
     CIMMethod& setParameters(const CIMParameterArray& parameters);
+    CIMMethod& addParameter(const CIMParameter& parameter);
     CIMQualifierArray getQualifiers() const;
     CIMMethod& setQualifiers(const CIMQualifierArray& qualifiers);
-    CIMMethod& addQualifier(const CIMQualifier& qualifier); // CIMException ALREADY_EXISTS when present
+    CIMMethod& addQualifier(const CIMQualifier& qualifier); // even if there is one of that name
     CIMQualifier getQualifier(const CIMName& name) const;   // null when absent
     String getOriginClass() const;
     CIMMethod& setOriginClass(const CIMName& originClass);
     bool getPropagated() const;
     CIMMethod& setPropagated(bool propagated = true);
+    virtual String toString() const;
     virtual String toMOF() const;
 
     OW_SAFE_BOOL(!m_data.isNull())

@@ -1,8 +1,10 @@
 #ifndef OW_CIMOM_HANDLE_IFC_HPP_
 #define OW_CIMOM_HANDLE_IFC_HPP_
 
+#include "OW_CIMFwd.hpp"
 #include "OW_IfcsFwd.hpp"
-#include "OW_IntrusiveReference.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
+#include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
 {
@@ -13,6 +15,9 @@ class CIMOMHandleIFC : public IntrusiveCountableBase
 {
   public:
     virtual ~CIMOMHandleIFC();
+
+  private:
+    virtual void operations() = 0; // stands for them all, so that there can be no object here
 };
 
 } // namespace OpenWBEM

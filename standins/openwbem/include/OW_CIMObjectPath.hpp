@@ -1,12 +1,12 @@
 #ifndef OW_CIM_OBJECT_PATH_HPP_
 #define OW_CIM_OBJECT_PATH_HPP_
 
-#include "OW_Array.hpp"
 #include "OW_CIMBase.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
 #include "OW_CIMName.hpp"
-#include "OW_CIMProperty.hpp"
-#include "OW_CIMValue.hpp"
-#include "OW_NoSuchPropertyException.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
 
 namespace OpenWBEM
 {

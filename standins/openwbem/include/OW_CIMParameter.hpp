@@ -1,9 +1,12 @@
 #ifndef OW_CIM_PARAMETER_HPP_
 #define OW_CIM_PARAMETER_HPP_
 
-#include "OW_CIMDataType.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMQualifier.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
 
 namespace OpenWBEM
 {
@@ -24,6 +27,7 @@ class CIMParameter : public CIMElement
     CIMQualifierArray getQualifiers() const;
     CIMParameter& setQualifiers(const CIMQualifierArray& qualifiers);
     CIMQualifier getQualifier(const CIMName& name) const; // null when absent
+    virtual String toString() const;
     virtual String toMOF() const;
 
     OW_SAFE_BOOL(!m_data.isNull())

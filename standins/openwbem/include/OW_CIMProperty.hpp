@@ -3,10 +3,12 @@
 
 #include "OW_CIMDataType.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMQualifier.hpp"
-#include "OW_CIMValue.hpp"
-#include "OW_NULLValueException.hpp"
-#include "OW_NoSuchQualifierException.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
+#include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
 {
@@ -20,8 +22,8 @@ class CIMProperty : public CIMElement
     explicit CIMProperty(CIMNULL_t);
     explicit CIMProperty(const CIMName& name); // without a type
     explicit CIMProperty(const char* name);
-    CIMProperty(CIMName name, const CIMValue& value); // a null value throws
-    CIMProperty(CIMName name, const CIMDataType& dataType);
+    CIMProperty(const CIMName& name, const CIMValue& value); // a null value throws
+    CIMProperty(const CIMName& name, const CIMDataType& dataType);
 
     virtual void setNull();
     virtual String getName() const;
@@ -58,7 +60,6 @@ class CIMProperty : public CIMElement
 
   private:
     struct Data;
-    friend const CIMName& nameOf(const CIMProperty& property); // unlike getName() without a copy
     COWReference<Data> m_data;
 };
 

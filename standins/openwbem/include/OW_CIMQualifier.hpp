@@ -2,8 +2,11 @@
 #define OW_CIM_QUALIFIER_HPP_
 
 #include "OW_CIMElement.hpp"
-#include "OW_CIMFlavor.hpp"
-#include "OW_CIMValue.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
 
 namespace OpenWBEM
 {

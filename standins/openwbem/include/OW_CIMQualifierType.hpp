@@ -3,7 +3,11 @@
 
 #include "OW_CIMDataType.hpp"
 #include "OW_CIMElement.hpp"
-#include "OW_CIMValue.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
+#include "OW_CIMName.hpp"
+#include "OW_COWReference.hpp"
+#include "OW_SafeBool.hpp"
 
 namespace OpenWBEM
 {
@@ -14,7 +18,8 @@ class CIMQualifierType : public CIMElement
   public:
     CIMQualifierType();
     explicit CIMQualifierType(CIMNULL_t);
-    explicit CIMQualifierType(const CIMName& name);
+    CIMQualifierType(const CIMName& name);
+    CIMQualifierType(const char* name);
 
     virtual void setNull();
     virtual String getName() const;
@@ -22,10 +27,11 @@ class CIMQualifierType : public CIMElement
     CIMDataType getDataType() const;
     CIMQualifierType& setDataType(const CIMDataType& dataType);
     CIMValue getDefaultValue() const;
-    CIMQualifierType& setDefaultValue(const CIMValue& value);
+    CIMQualifierType& setDefaultValue(const CIMValue& value); // cast to the declared type
     CIMFlavorArray getFlavors() const;
     CIMQualifierType& addFlavor(const CIMFlavor& flavor);
     bool hasFlavor(const CIMFlavor& flavor) const;
+    virtual String toString() const;
     virtual String toMOF() const;
 
     OW_SAFE_BOOL(!m_data.isNull())

@@ -2,34 +2,28 @@
 #define OW_CIM_VALUE_HPP_
 
 #include "OW_Array.hpp"
-#include "OW_Bool.hpp"
 #include "OW_CIMBase.hpp"
 #include "OW_CIMDataType.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_CIMNULL.hpp"
 #include "OW_COWReference.hpp"
-#include "OW_Char16.hpp"
-#include "OW_Exception.hpp"
 #include "OW_SafeBool.hpp"
 
 namespace OpenWBEM
 {
 
-// A value was asked for as another type than it has. The message is
-// CIMValue::CIMValueImpl::get - Value is not a NAME.
-OW_DECLARE_EXCEPTION(ValueCast)
-
 // A value of one of the CIM types, or an array of them. Nothing converts: a value of another type throws
 // ValueCastException, but a scalar sint64 serves as any number, because that is how numeric keys arrive from
-// a client. Values are equal when type and content are; null sorts first.
+// a client. Values are equal when type and content are.
 class CIMValue : public CIMBase
 {
   public:
     explicit CIMValue(CIMNULL_t);
     explicit CIMValue(bool arg);
-    explicit CIMValue(const char* arg); // a null pointer gives an empty string
-    template <class T>
-    explicit CIMValue(T*) = delete; // other pointers would become booleans
+    explicit CIMValue(const char* arg);               // a null pointer gives an empty string
+    explicit CIMValue(const volatile void*) = delete; // other pointers would become booleans
 
-    explicit CIMValue(Bool arg);
+    explicit CIMValue(const Bool& arg);
     explicit CIMValue(UInt8 arg);
     explicit CIMValue(Int8 arg);
     explicit CIMValue(UInt16 arg);
@@ -111,7 +105,7 @@ class CIMValue : public CIMBase
     Real32 toReal32() const;
     Real64 toReal64() const;
     Char16 toChar16() const;
-    virtual String toString() const; // a rendering of any type; never throws
+    virtual String toString() const; // a rendering of any type; (null) when null
     CIMDateTime toCIMDateTime() const;
     CIMObjectPath toCIMObjectPath() const;
     CIMClass toCIMClass() const;
@@ -139,10 +133,17 @@ class CIMValue : public CIMBase
     CIMDataType::Type getType() const;
     CIMDataType getCIMDataType() const;
     bool isArray() const;
-    UInt32 getArraySize() const; // 0 for a scalar
+    UInt32 getArraySize() const; // 1 for a scalar
     bool isNumericType() const;
     bool sameType(const CIMValue& arg) const;
     bool equal(const CIMValue& arg) const;
+    // Null is less than anything; of values of different types neither is less.
+    bool operator==(const CIMValue& arg) const { return equal(arg); }
+    bool operator!=(const CIMValue& arg) const { return !equal(arg); }
+    bool operator<(const CIMValue& arg) const;
+    bool operator>(const CIMValue& arg) const { return arg < *this; }
+    bool operator<=(const CIMValue& arg) const { return !(arg < *this); }
+    bool operator>=(const CIMValue& arg) const { return !(*this < arg); }
 
     // The value that text stands for in the named CIM type; null when there is no such type.
     static CIMValue createSimpleValue(const String& cimType, const String& text);
@@ -151,32 +152,8 @@ class CIMValue : public CIMBase
 
   private:
     struct Data;
-    friend bool operator<(const CIMValue& lhs, const CIMValue& rhs);
-
     COWReference<Data> m_data;
 };
-
-bool operator<(const CIMValue& lhs, const CIMValue& rhs);
-inline bool operator==(const CIMValue& lhs, const CIMValue& rhs)
-{
-    return lhs.equal(rhs);
-}
-inline bool operator!=(const CIMValue& lhs, const CIMValue& rhs)
-{
-    return !lhs.equal(rhs);
-}
-inline bool operator>(const CIMValue& lhs, const CIMValue& rhs)
-{
-    return rhs < lhs;
-}
-inline bool operator<=(const CIMValue& lhs, const CIMValue& rhs)
-{
-    return !(rhs < lhs);
-}
-inline bool operator>=(const CIMValue& lhs, const CIMValue& rhs)
-{
-    return !(lhs < rhs);
-}
 
 } // namespace OpenWBEM
 

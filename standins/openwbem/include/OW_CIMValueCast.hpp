@@ -1,10 +1,15 @@
 #ifndef OW_CIM_VALUE_CAST_HPP_
 #define OW_CIM_VALUE_CAST_HPP_
 
-#include "OW_CIMValue.hpp"
+#include "OW_CIMFwd.hpp"
+#include "OW_Exception.hpp"
 
 namespace OpenWBEM
 {
+
+// A value was asked for as another type than it has. The message is
+// CIMValue::CIMValueImpl::get - Value is not a NAME.
+OW_DECLARE_EXCEPTION(ValueCast)
 
 namespace CIMValueCast
 {

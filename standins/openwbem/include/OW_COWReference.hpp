@@ -34,13 +34,13 @@ class COWHandle
     explicit COWHandle(COWCountable* data) noexcept : m_data(data) // which has no handle yet
     {
         if (m_data) {
-            m_data->m_count.store(1, std::memory_order_relaxed);
+            ++m_data->m_count;
         }
     }
     COWHandle(const COWHandle& other) noexcept : m_data(other.m_data)
     {
         if (m_data) {
-            m_data->m_count.fetch_add(1, std::memory_order_relaxed);
+            ++m_data->m_count;
         }
     }
     COWHandle(COWHandle&& other) noexcept : m_data(other.m_data) { other.m_data = 0; }
@@ -62,6 +62,7 @@ class COWHandle
     }
 
     bool isNull() const { return m_data == 0; }
+    bool isSharedWith(const COWHandle& other) const { return m_data == other.m_data; }
     void setNull() { COWHandle().swap(*this); }
     void swap(COWHandle& other) noexcept { std::swap(m_data, other.m_data); }
 

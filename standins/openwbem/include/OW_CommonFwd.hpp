@@ -2,7 +2,7 @@
 #define OW_COMMON_FWD_HPP_
 
 #include "OW_ArrayFwd.hpp"
-#include "OW_Types.hpp"
+#include "OW_IntrusiveReference.hpp"
 
 namespace OpenWBEM
 {
@@ -11,23 +11,15 @@ class Bool;
 class Char16;
 class DateTime;
 class Exception;
-class IntrusiveCountableBase;
 class Logger;
 class OperationContext;
-class SharedLibrary;
 class String;
 struct LogMessage;
-
-template <class T>
-class IntrusiveReference;
-template <class T>
-class SharedLibraryReference;
 
 typedef Array<String> StringArray;
 typedef Array<Bool> BoolArray;
 typedef Array<Char16> Char16Array;
 typedef IntrusiveReference<Logger> LoggerRef;
-typedef IntrusiveReference<SharedLibrary> SharedLibraryRef;
 
 } // namespace OpenWBEM
 

@@ -1,9 +1,10 @@
 #ifndef OW_CPP_INSTANCE_PROVIDER_IFC_HPP_
 #define OW_CPP_INSTANCE_PROVIDER_IFC_HPP_
 
-#include "OW_CIMFwd.hpp"
 #include "OW_CppProviderBaseIFC.hpp"
+#include "OW_InstanceProviderInfo.hpp"
 #include "OW_ResultHandlerIFC.hpp"
+#include "OW_SharedLibraryReference.hpp"
 #include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM

@@ -1,8 +1,9 @@
 #ifndef OW_CPP_METHOD_PROVIDER_IFC_HPP_
 #define OW_CPP_METHOD_PROVIDER_IFC_HPP_
 
-#include "OW_CIMFwd.hpp"
 #include "OW_CppProviderBaseIFC.hpp"
+#include "OW_MethodProviderInfo.hpp"
+#include "OW_SharedLibraryReference.hpp"
 
 namespace OpenWBEM
 {

@@ -1,13 +1,12 @@
 #ifndef OW_CPP_PROVIDER_BASE_IFC_HPP_
 #define OW_CPP_PROVIDER_BASE_IFC_HPP_
 
+#include "OW_CIMFwd.hpp"
 #include "OW_DateTime.hpp"
-#include "OW_IfcsFwd.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_IntrusiveReference.hpp"
 #include "OW_ProviderEnvironmentIFC.hpp"
-#include "OW_ProviderFwd.hpp"
 #include "OW_SharedLibraryReference.hpp"
-#include "OW_String.hpp"
 
 namespace OpenWBEM
 {
@@ -19,6 +18,7 @@ class CppProviderBaseIFC : public virtual IntrusiveCountableBase
   public:
     CppProviderBaseIFC();
     CppProviderBaseIFC(const CppProviderBaseIFC&);
+    CppProviderBaseIFC& operator=(const CppProviderBaseIFC&);
     virtual ~CppProviderBaseIFC();
 
     virtual void initialize(const ProviderEnvironmentIFCRef& env);
@@ -38,11 +38,11 @@ class CppProviderBaseIFC : public virtual IntrusiveCountableBase
     void setPersist(bool persist = true);
 
   private:
-    CppProviderBaseIFC& operator=(const CppProviderBaseIFC&) = delete;
-
     DateTime m_lastAccessTime;
     bool m_persist;
 };
+
+typedef SharedLibraryReference<IntrusiveReference<CppProviderBaseIFC>> CppProviderBaseIFCRef;
 
 } // namespace OpenWBEM
 

@@ -1,9 +1,10 @@
 #ifndef OW_DATE_TIME_HPP_
 #define OW_DATE_TIME_HPP_
 
+#include "OW_CommonFwd.hpp"
 #include "OW_Exception.hpp"
 #include "OW_Types.hpp"
-#include <ctime>
+#include <time.h>
 
 namespace OpenWBEM
 {

@@ -1,10 +1,10 @@
 #ifndef OW_EXCEPTION_HPP_
 #define OW_EXCEPTION_HPP_
 
+#include "OW_COWReference.hpp"
 #include "OW_config.h"
 #include <exception>
 #include <iosfwd>
-#include <memory>
 
 namespace OpenWBEM
 {
@@ -14,8 +14,6 @@ namespace OpenWBEM
 class Exception : public std::exception
 {
   public:
-    virtual ~Exception() noexcept;
-
     virtual const char* type() const;       // the class name
     virtual const char* getMessage() const; // never 0; "" when there is none
     const char* getFile() const;            // never 0; "" when there is none
@@ -31,16 +29,15 @@ class Exception : public std::exception
               const Exception* otherException = 0, int subClassId = -1);
     Exception(const Exception&);
     Exception& operator=(const Exception&);
+    virtual ~Exception() noexcept; // a clone is deleted as what it is
 
     void swap(Exception&);
     void setErrorCode(int errorCode);
+    void setSubClassId(int subClassId);
 
   private:
-    struct Texts;
-    std::shared_ptr<const Texts> m_texts;
-    int m_line;
-    int m_errorCode;
-    int m_subClassId;
+    struct Data;
+    COWReference<Data> m_data;
 };
 
 // "file: line type: message", with [no file], [no line] (line 0) and [no message] for what is missing.
@@ -64,10 +61,14 @@ std::ostream& operator<<(std::ostream&, const Exception&);
         virtual const char* type() const;                                                                    \
     };
 
-#define OW_DEFINE_EXCEPTION(NAME)                                                                            \
+#define OW_DEFINE_EXCEPTION(NAME) OW_DEFINE_NUMBERED_EXCEPTION(NAME, -1)
+
+// The same with a sub-class id of its own.
+#define OW_DEFINE_NUMBERED_EXCEPTION(NAME, ID)                                                               \
     NAME##Exception::NAME##Exception(const char* file, int line, const char* msg, int errorCode,             \
                                      const ::OpenWBEM::Exception* otherException, int subClassId)            \
-        : ::OpenWBEM::Exception(file, line, msg, errorCode, otherException, subClassId)                      \
+        : ::OpenWBEM::Exception(file, line, msg, errorCode, otherException,                                  \
+                                subClassId == -1 ? (ID) : subClassId)                                        \
     {                                                                                                        \
     }                                                                                                        \
     NAME##Exception::~NAME##Exception() noexcept {}                                                          \

@@ -1,9 +1,7 @@
 #ifndef OW_INTRUSIVE_REFERENCE_HPP_
 #define OW_INTRUSIVE_REFERENCE_HPP_
 
-#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_SafeBool.hpp"
-#include <functional>
 
 namespace OpenWBEM
 {
@@ -115,7 +113,7 @@ bool operator!=(T* a, IntrusiveReference<T> const& b)
 template <class T>
 bool operator<(IntrusiveReference<T> const& a, IntrusiveReference<T> const& b)
 {
-    return std::less<T*>()(a.getPtr(), b.getPtr());
+    return a.getPtr() < b.getPtr();
 }
 template <class T>
 void swap(IntrusiveReference<T>& a, IntrusiveReference<T>& b)

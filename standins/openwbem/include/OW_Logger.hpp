@@ -2,13 +2,16 @@
 #define OW_LOGGER_HPP_
 
 #include "OW_CommonFwd.hpp"
-#include "OW_IntrusiveReference.hpp"
+#include "OW_Exception.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_LogLevel.hpp"
-#include "OW_LogMessage.hpp"
 #include "OW_String.hpp"
 
 namespace OpenWBEM
 {
+
+// A logger that cannot be made.
+OW_DECLARE_EXCEPTION(Logger)
 
 // The object manager's log. A host derives from it and writes what doProcessLogMessage gets.
 class Logger : public IntrusiveCountableBase
@@ -31,8 +34,14 @@ class Logger : public IntrusiveCountableBase
                  const char* methodname = 0) const;
     void logDebug(const String& message, const char* filename = 0, int fileline = -1,
                   const char* methodname = 0) const;
-    void logMessage(const String& category, const String& message, const char* filename = 0,
-                    int fileline = -1, const char* methodname = 0) const;
+    // Whatever the level is, to the output with it.
+    void logMessage(const String& category, const String& message) const;
+    void logMessage(const String& component, const String& category, const String& message) const;
+    void logMessage(const String& category, const String& message, const char* filename, int fileline,
+                    const char* methodname) const;
+    void logMessage(const String& component, const String& category, const String& message,
+                    const char* filename, int fileline, const char* methodname) const;
+    void logMessage(const LogMessage& message) const;
 
     ELogLevel getLogLevel() const;
     void setLogLevel(ELogLevel logLevel);

@@ -1,10 +1,11 @@
 #ifndef OW_OPERATION_CONTEXT_HPP_
 #define OW_OPERATION_CONTEXT_HPP_
 
+#include "OW_CommonFwd.hpp"
 #include "OW_Exception.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_IntrusiveReference.hpp"
 #include "OW_String.hpp"
-#include <map>
 
 namespace OpenWBEM
 {
@@ -40,7 +41,8 @@ class OperationContext
     OperationContext(const OperationContext&) = delete;
     OperationContext& operator=(const OperationContext&) = delete;
 
-    std::map<String, DataRef> m_data;
+    struct Entries;
+    IntrusiveReference<Entries> m_entries;
 };
 
 } // namespace OpenWBEM

@@ -2,11 +2,11 @@
 #define OW_PROVIDER_ENVIRONMENT_IFC_HPP_
 
 #include "OW_CIMOMHandleIFC.hpp"
+#include "OW_CommonFwd.hpp"
 #include "OW_IfcsFwd.hpp"
-#include "OW_IntrusiveReference.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_Logger.hpp"
-#include "OW_OperationContext.hpp"
-#include "OW_String.hpp"
+#include "OW_ProviderFwd.hpp"
 
 namespace OpenWBEM
 {

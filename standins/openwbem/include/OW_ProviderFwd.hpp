@@ -1,7 +1,8 @@
 #ifndef OW_PROVIDER_FWD_HPP_
 #define OW_PROVIDER_FWD_HPP_
 
-#include "OW_CommonFwd.hpp"
+#include "OW_ArrayFwd.hpp"
+#include "OW_IntrusiveReference.hpp"
 
 namespace OpenWBEM
 {
@@ -16,8 +17,9 @@ class CppProviderBaseIFC;
 class CppSecondaryInstanceProviderIFC;
 class InstanceProviderInfo;
 class MethodProviderInfo;
+class ProviderEnvironmentIFC;
 
-typedef SharedLibraryReference<IntrusiveReference<CppProviderBaseIFC>> CppProviderBaseIFCRef;
+typedef IntrusiveReference<ProviderEnvironmentIFC> ProviderEnvironmentIFCRef;
 
 } // namespace OpenWBEM
 

@@ -2,7 +2,6 @@
 #define OW_PROVIDER_INFO_BASE_HPP_
 
 #include "OW_Array.hpp"
-#include "OW_CommonFwd.hpp"
 #include "OW_String.hpp"
 
 namespace OpenWBEM
@@ -10,7 +9,6 @@ namespace OpenWBEM
 
 // A class that a provider serves. No namespaces: all of them.
 struct InstClassInfo {
-    InstClassInfo() {}
     explicit InstClassInfo(String const& className_, StringArray const& namespaces_ = StringArray())
         : className(className_), namespaces(namespaces_)
     {
@@ -35,7 +33,7 @@ class ProviderInfoBase
     String getProviderName() const { return m_name; }
 
   protected:
-    ~ProviderInfoBase() {}
+    virtual ~ProviderInfoBase() {}
 
   private:
     ClassInfoArray m_classInfo;

@@ -2,7 +2,9 @@
 #define OW_REPOSITORY_IFC_HPP_
 
 #include "OW_IfcsFwd.hpp"
-#include "OW_IntrusiveReference.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
+#include "OW_ResultHandlerIFC.hpp"
+#include "OW_WBEMFlags.hpp"
 
 namespace OpenWBEM
 {
@@ -12,6 +14,9 @@ class RepositoryIFC : public IntrusiveCountableBase
 {
   public:
     virtual ~RepositoryIFC();
+
+  private:
+    virtual void operations() = 0; // stands for them all, so that there can be no object here
 };
 
 } // namespace OpenWBEM

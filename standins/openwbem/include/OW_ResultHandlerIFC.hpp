@@ -2,7 +2,6 @@
 #define OW_RESULT_HANDLER_IFC_HPP_
 
 #include "OW_CIMFwd.hpp"
-#include "OW_CommonFwd.hpp"
 #include "OW_IfcsFwd.hpp"
 
 namespace OpenWBEM

@@ -1,9 +1,6 @@
 #ifndef OW_RESULT_HANDLERS_HPP_
 #define OW_RESULT_HANDLERS_HPP_
 
-#include "OW_Array.hpp"
-#include "OW_CIMInstance.hpp"
-#include "OW_CIMObjectPath.hpp"
 #include "OW_ResultHandlerIFC.hpp"
 
 namespace OpenWBEM

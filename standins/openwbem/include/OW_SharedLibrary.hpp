@@ -1,8 +1,9 @@
 #ifndef OW_SHARED_LIBRARY_HPP_
 #define OW_SHARED_LIBRARY_HPP_
 
-#include "OW_CommonFwd.hpp"
+#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_IntrusiveReference.hpp"
+#include "OW_String.hpp"
 
 namespace OpenWBEM
 {
@@ -12,7 +13,12 @@ class SharedLibrary : public IntrusiveCountableBase
 {
   public:
     virtual ~SharedLibrary();
+
+  protected:
+    virtual bool doGetFunctionPointer(const String& functionName, void** functionPointer) const = 0;
 };
+
+typedef IntrusiveReference<SharedLibrary> SharedLibraryRef;
 
 } // namespace OpenWBEM
 

@@ -28,21 +28,17 @@ class SharedLibraryReference
     {
         // Member by member would drop the old library while its object still lives.
         SharedLibraryReference copy(other);
-        swap(copy);
+        m_object.swap(copy.m_object);
+        m_library.swap(copy.m_library);
         return *this;
     }
     ~SharedLibraryReference() = default;
 
-    T operator->() const { return m_object; }
-    typename T::element_type& operator*() const { return *m_object; }
+    typename T::element_type* operator->() const { return m_object.getPtr(); }
+    T get() const { return m_object; }
     SharedLibraryRef getLibRef() const { return m_library; }
-    void setNull() { SharedLibraryReference().swap(*this); }
+    void setNull() { *this = SharedLibraryReference(); }
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    void swap(SharedLibraryReference& other)
-    {
-        m_library.swap(other.m_library);
-        m_object.swap(other.m_object);
-    }
 
     OW_SAFE_BOOL(bool(m_object))
 

@@ -2,11 +2,11 @@
 #define OW_STRING_HPP_
 
 #include "OW_CIMFwd.hpp"
+#include "OW_COWReference.hpp"
 #include "OW_CommonFwd.hpp"
 #include "OW_Exception.hpp"
 #include "OW_Types.hpp"
 #include <iosfwd>
-#include <string>
 
 namespace OpenWBEM
 {
@@ -22,11 +22,16 @@ class String
 {
   public:
     enum ETakeOwnershipFlag { E_TAKE_OWNERSHIP };
-    enum EReturnDelimitersFlag { E_DISCARD_DELIMITERS, E_RETURN_DELIMITERS };
+    enum EReturnDelimitersFlag {
+        E_DISCARD_TOKENS,
+        E_RETURN_TOKENS,
+        E_DISCARD_DELIMITERS,
+        E_RETURN_DELIMITERS
+    };
     enum EEmptyTokenReturnFlag { E_SKIP_EMPTY_TOKENS, E_RETURN_EMPTY_TOKENS };
     enum EIgnoreCaseFlag { E_CASE_SENSITIVE, E_CASE_INSENSITIVE };
 
-    static const size_t npos; // the largest size_t
+    static const size_t npos = ~size_t(0); // has no definition: no reference can be bound to it
 
     String();
     String(const char* str); // a null pointer gives the null state
@@ -48,10 +53,7 @@ class String
     explicit String(const CIMDateTime& val);
     explicit String(const CIMObjectPath& val);
 
-    size_t length() const
-    {
-        return m_text.length();
-    }
+    size_t length() const;
     bool empty() const;
     size_t UTF8Length() const; // counts the bytes that are not 0x80 to 0xBF
     const char* c_str() const; // never 0
@@ -130,8 +132,11 @@ class String
     static String getLine(std::istream& is); // without its line end
 
   private:
-    std::string m_text;
-    bool m_null; // without content and never given any
+    struct Data;
+    const Data& read() const; // an empty text in the null state
+    Data& write();            // ends the null state
+
+    COWReference<Data> m_data; // null in the null state
 };
 
 String operator+(const String& lhs, const String& rhs);

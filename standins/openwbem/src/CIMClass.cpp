@@ -1,8 +1,7 @@
 #include "COWData.hpp"
 #include "MofText.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMClass.hpp"
-#include "OW_CIMInstance.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {
@@ -75,7 +74,9 @@ CIMPropertyArray CIMClass::getKeys() const
 
 CIMClass& CIMClass::addProperty(const CIMProperty& property)
 {
-    addNewElement(m_data.write().properties, property);
+    if (property) {
+        m_data.write().properties.push_back(property);
+    }
     return *this;
 }
 
@@ -103,7 +104,10 @@ CIMQualifier CIMClass::getQualifier(const CIMName& name) const
 
 CIMClass& CIMClass::addQualifier(const CIMQualifier& qualifier)
 {
-    addNewElement(m_data.write().qualifiers, qualifier);
+    if (qualifier) {
+        removeElement(m_data.write().qualifiers, qualifier.getName());
+        m_data.write().qualifiers.push_back(qualifier);
+    }
     return *this;
 }
 
@@ -125,7 +129,7 @@ CIMMethod CIMClass::getMethod(const CIMName& name) const
 
 CIMClass& CIMClass::addMethod(const CIMMethod& method)
 {
-    addNewElement(m_data.write().methods, method);
+    m_data.write().methods.push_back(method);
     return *this;
 }
 
@@ -142,7 +146,11 @@ CIMInstance CIMClass::newInstance() const
 
 bool CIMClass::operator==(const CIMClass& arg) const
 {
-    return toMOF() == arg.toMOF();
+    const Data& mine = m_data.read();
+    const Data& others = arg.m_data.read();
+    return mine.name == others.name && mine.superClass == others.superClass &&
+           mine.properties.size() == others.properties.size() &&
+           mine.qualifiers.size() == others.qualifiers.size() && mine.methods.size() == others.methods.size();
 }
 
 String CIMClass::toString() const
@@ -153,9 +161,11 @@ String CIMClass::toString() const
 String CIMClass::toMOF() const
 {
     const Data& data = m_data.read();
-    String text = qualifiersMOF(data.qualifiers, "") + "class " + getName();
+    String text = qualifiersMOF(data.qualifiers, ",\n ");
+    text += text.empty() ? "class " : "\nclass ";
+    text += getName();
     if (data.superClass) {
-        text += " : " + getSuperClass();
+        text += ":" + getSuperClass();
     }
     text += "\n{\n";
     for (const CIMProperty& property : data.properties) {

@@ -1,7 +1,5 @@
 #include "COWData.hpp"
 #include "OW_CIMDataType.hpp"
-#include <iterator>
-#include <vector>
 
 namespace OpenWBEM
 {
@@ -31,28 +29,18 @@ struct CIMDataType::Data : COWData<Data> {
 
     Type type;
     bool isArray = false;
-    Int32 size = 0;
+    Int32 size = 1;
     CIMName refClassName;
 };
 
-// What all types that are no arrays and refer to no class share.
-COWReference<CIMDataType::Data> CIMDataType::plain(Type type)
+CIMDataType::CIMDataType() : m_data(new Data(CIMNULL))
 {
-    static const std::vector<COWReference<Data>> all = [] {
-        std::vector<COWReference<Data>> made;
-        for (int each = CIMNULL; each < MAXDATATYPE; ++each) {
-            made.emplace_back(new Data(static_cast<Type>(each)));
-        }
-        return made;
-    }();
-    return type >= CIMNULL && type < MAXDATATYPE ? all[type] : COWReference<Data>(new Data(type));
+    m_data.write().size = 0;
 }
-
-CIMDataType::CIMDataType() : m_data(plain(CIMNULL)) {}
 
 CIMDataType::CIMDataType(CIMNULL_t) {}
 
-CIMDataType::CIMDataType(Type type) : m_data(plain(type)) {}
+CIMDataType::CIMDataType(Type type) : m_data(new Data(type)) {}
 
 CIMDataType::CIMDataType(Type type, Int32 arraySize) : m_data(new Data(type))
 {
@@ -102,9 +90,6 @@ Int32 CIMDataType::getSize() const
 
 bool CIMDataType::setToArrayType(Int32 size)
 {
-    if (!hasType()) {
-        return false;
-    }
     Data& data = m_data.write();
     data.isArray = true;
     data.size = size < 1 ? UNLIMITED : size;
@@ -118,13 +103,21 @@ String CIMDataType::getRefClassName() const
 
 bool CIMDataType::equals(const CIMDataType& arg) const
 {
-    if (m_data.isNull() || arg.m_data.isNull()) {
-        return m_data.isNull() && arg.m_data.isNull();
-    }
     const Data& mine = m_data.read();
     const Data& others = arg.m_data.read();
     return mine.type == others.type && mine.isArray == others.isArray &&
-           mine.refClassName == others.refClassName;
+           (mine.size == UNLIMITED) == (others.size == UNLIMITED);
+}
+
+bool operator==(const CIMDataType& lhs, const CIMDataType& rhs)
+{
+    return lhs.equals(rhs) && lhs.getSize() == rhs.getSize() &&
+           CIMName(lhs.getRefClassName()) == rhs.getRefClassName();
+}
+
+bool operator!=(const CIMDataType& lhs, const CIMDataType& rhs)
+{
+    return !(lhs == rhs);
 }
 
 String CIMDataType::toString() const
@@ -142,13 +135,13 @@ String CIMDataType::toString() const
 
 String CIMDataType::toMOF() const
 {
-    const String refClassName = getRefClassName();
-    return refClassName.empty() ? toString() : refClassName + " " + toString();
+    return isReferenceType() ? getRefClassName() + " " + toString() : toString();
 }
 
 CIMDataType CIMDataType::getDataType(const String& name)
 {
-    return CIMDataType(strToSimpleType(name));
+    const Type type = strToSimpleType(name);
+    return CIMDataType(type == INVALID ? CIMNULL : type);
 }
 
 CIMDataType::Type CIMDataType::strToSimpleType(const String& name)

@@ -1,6 +1,8 @@
+#include "COWData.hpp"
 #include "OW_CIMException.hpp"
 #include <iterator>
 #include <new>
+#include <string>
 #include <utility>
 
 namespace OpenWBEM
@@ -8,6 +10,8 @@ namespace OpenWBEM
 
 namespace
 {
+
+const int SUBCLASS_ID = 1;
 
 const char* const DESCRIPTIONS[] = {
     "no error",
@@ -50,9 +54,15 @@ std::string decorated(const std::string& described, const std::string& text)
 
 } // namespace
 
+struct CIMException::Message : COWData<CIMException::Message> {
+    explicit Message(std::string content) : text(std::move(content)) {}
+
+    std::string text;
+};
+
 CIMException::CIMException(const char* file, int line, ErrNoType errval, const char* msg,
                            const Exception* otherException)
-    : Exception(file, line, msg, errval, otherException)
+    : Exception(file, line, msg, errval, otherException, SUBCLASS_ID)
 {
 }
 
@@ -69,11 +79,11 @@ const char* CIMException::type() const
 
 const char* CIMException::getMessage() const
 {
-    if (!m_message) {
-        m_message = std::make_shared<const std::string>(
-            decorated(description(getErrorCode()), Exception::getMessage()));
+    if (m_message.isNull()) {
+        m_message = COWReference<Message>(
+            new Message(decorated(description(getErrorCode()), Exception::getMessage())));
     }
-    return m_message->c_str();
+    return m_message.read().text.c_str();
 }
 
 CIMException* CIMException::clone() const noexcept
@@ -94,7 +104,7 @@ void CIMException::setErrNo(ErrNoType e)
 void CIMException::swap(CIMException& other)
 {
     Exception::swap(other);
-    std::swap(m_message, other.m_message);
+    m_message.swap(other.m_message);
 }
 
 } // namespace OpenWBEM

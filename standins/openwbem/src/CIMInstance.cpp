@@ -2,10 +2,16 @@
 #include "MofText.hpp"
 #include "NamedElements.hpp"
 #include "OW_CIMClass.hpp"
-#include <utility>
+#include "OW_NoSuchPropertyException.hpp"
 
 namespace OpenWBEM
 {
+
+namespace
+{
+const int E_NO_SUCH_PROPERTY = 0;
+const char* const INVISIBLE = "Invisible";
+} // namespace
 
 void CIMInstance::Data::rebuildKeys()
 {
@@ -21,9 +27,9 @@ CIMInstance::CIMInstance() : m_data(new Data) {}
 
 CIMInstance::CIMInstance(CIMNULL_t) {}
 
-CIMInstance::CIMInstance(CIMName className) : m_data(new Data)
+CIMInstance::CIMInstance(const CIMName& className) : m_data(new Data)
 {
-    m_data.write().className = std::move(className);
+    m_data.write().className = className;
 }
 
 CIMInstance::CIMInstance(const char* className) : CIMInstance(CIMName(className)) {}
@@ -107,7 +113,7 @@ CIMProperty CIMInstance::getPropertyT(const CIMName& name) const
 {
     CIMProperty property = getProperty(name);
     if (!property) {
-        OW_THROW(NoSuchPropertyException, name.toString().c_str());
+        OW_THROW_ERR(NoSuchPropertyException, name.toString().c_str(), E_NO_SUCH_PROPERTY);
     }
     return property;
 }
@@ -127,11 +133,11 @@ CIMInstance& CIMInstance::setProperty(const CIMName& name, const CIMValue& value
 {
     CIMProperty property = getProperty(name);
     if (property) {
-        property.setValue(value);
-    } else {
-        property = value ? CIMProperty(name, value) : CIMProperty(name);
+        return setProperty(property.setValue(value));
     }
-    return setProperty(property);
+    // Without a look at the keys: a reference becomes one when they are next rebuilt.
+    m_data.write().properties.push_back(value ? CIMProperty(name, value) : CIMProperty(name));
+    return *this;
 }
 
 CIMInstance& CIMInstance::setProperty(const CIMProperty& property)
@@ -140,8 +146,9 @@ CIMInstance& CIMInstance::setProperty(const CIMProperty& property)
         return *this;
     }
     Data& data = m_data.write();
+    const CIMProperty replaced = findElement(data.properties, property.getName());
     replaceOrAppend(data.properties, property);
-    if (property.isKey()) {
+    if (property.isKey() || (replaced && replaced.isKey())) {
         data.rebuildKeys();
     }
     return *this;
@@ -149,17 +156,31 @@ CIMInstance& CIMInstance::setProperty(const CIMProperty& property)
 
 CIMInstance& CIMInstance::removeProperty(const CIMName& name)
 {
-    removeElement(m_data.write().properties, name);
+    const CIMProperty removed = getProperty(name);
+    Data& data = m_data.write();
+    if (removeElement(data.properties, name) && removed.isKey()) {
+        data.rebuildKeys();
+    }
     return *this;
 }
 
 CIMInstance& CIMInstance::updatePropertyValue(const CIMProperty& property)
 {
-    return updatePropertyValue(property.getName(), property.getValue());
+    if (!property) {
+        return *this;
+    }
+    updatePropertyValue(property.getName(), property.getValue());
+    if (property.isKey()) {
+        m_data.write().rebuildKeys();
+    }
+    return *this;
 }
 
 CIMInstance& CIMInstance::updatePropertyValue(const CIMName& name, const CIMValue& value)
 {
+    if (!value) {
+        throwNullReference();
+    }
     return getProperty(name) ? setProperty(name, value) : *this;
 }
 
@@ -200,7 +221,9 @@ CIMInstance& CIMInstance::setQualifiers(const CIMQualifierArray& qualifiers)
 
 CIMInstance& CIMInstance::setQualifier(const CIMQualifier& qualifier)
 {
-    replaceOrAppend(m_data.write().qualifiers, qualifier);
+    if (qualifier) {
+        replaceOrAppend(m_data.write().qualifiers, qualifier);
+    }
     return *this;
 }
 
@@ -214,7 +237,7 @@ String CIMInstance::toString() const
 {
     String text = "instance of " + getClassName() + " {\n";
     for (const CIMProperty& property : m_data.read().properties) {
-        if (property.hasTrueQualifier("Invisible")) {
+        if (property.hasTrueQualifier(INVISIBLE)) {
             continue;
         }
         const CIMValue value = property.getValue();
@@ -225,10 +248,17 @@ String CIMInstance::toString() const
 
 String CIMInstance::toMOF() const
 {
-    String text = "INSTANCE OF " + getClassName() + "\n{\n";
-    for (const CIMProperty& property : m_data.read().properties) {
+    const Data& data = m_data.read();
+    String text =
+        data.qualifiers.empty() ? "" : "[\n" + qualifiersMOF(data.qualifiers, ",").substring(1) + "\n";
+    text += "INSTANCE OF " + getClassName() + "\n{\n";
+    for (const CIMProperty& property : data.properties) {
+        if (property.hasTrueQualifier(INVISIBLE)) {
+            continue;
+        }
         const CIMValue value = property.getValue();
-        text += "  " + property.getName() + "=" + (value ? value.toMOF() : String("NULL")) + ";\n";
+        text += propertyQualifiersMOF(property) + "  " + property.getName() + "=" +
+                (value ? value.toMOF() : String("NULL")) + ";\n";
     }
     return text += "};\n";
 }

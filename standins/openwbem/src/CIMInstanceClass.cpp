@@ -1,7 +1,5 @@
 #include "CIMInstanceData.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMClass.hpp"
-#include "OW_CIMValueCast.hpp"
 
 // What a property list or a class definition makes of an instance.
 namespace OpenWBEM
@@ -25,12 +23,8 @@ bool isListed(const StringArray& names, const CIMName& name)
 // The class's property with the instance's value; the class's default stands in for a null value.
 CIMProperty synchronized(const CIMProperty& ofInstance, const CIMProperty& ofClass)
 {
-    CIMProperty result(ofClass);
-    const CIMValue value = CIMValueCast::castValueToDataType(ofInstance.getValue(), ofClass.getDataType());
-    if (value) {
-        result.setValue(value);
-    }
-    return result;
+    const CIMValue value = ofInstance.getValue();
+    return value ? CIMProperty(ofClass).setValue(value) : ofClass;
 }
 
 CIMPropertyArray knownProperties(const CIMPropertyArray& properties, const CIMClass& cimClass)
@@ -42,6 +36,17 @@ CIMPropertyArray knownProperties(const CIMPropertyArray& properties, const CIMCl
         }
     }
     return known;
+}
+
+CIMQualifierArray localQualifiers(const CIMQualifierArray& qualifiers)
+{
+    CIMQualifierArray local;
+    for (const CIMQualifier& qualifier : qualifiers) {
+        if (!qualifier.getPropagated()) {
+            local.push_back(qualifier);
+        }
+    }
+    return local;
 }
 
 } // namespace
@@ -60,6 +65,7 @@ CIMInstance CIMInstance::clone(ELocalOnlyFlag localOnly, EIncludeQualifiersFlag 
             }
         }
         result.m_data.write().properties = local;
+        result.m_data.write().qualifiers = localQualifiers(result.m_data.read().qualifiers);
     }
     return result;
 }
@@ -69,11 +75,12 @@ CIMInstance CIMInstance::filterProperties(const StringArray& propertyList,
                                           EIncludeClassOriginFlag includeClassOrigin,
                                           bool ignorePropertyList) const
 {
+    const bool isRestricted = !ignorePropertyList || !propertyList.empty();
     CIMInstance result(*this);
     Data& data = result.m_data.write();
     data.properties.clear();
     for (CIMProperty property : m_data.read().properties) {
-        if (!ignorePropertyList && !isListed(propertyList, property.getName())) {
+        if (isRestricted && !isListed(propertyList, property.getName())) {
             continue;
         }
         if (includeQualifiers == E_EXCLUDE_QUALIFIERS) {
@@ -105,10 +112,13 @@ CIMInstance& CIMInstance::syncWithClass(const CIMClass& cimClass, EIncludeQualif
             properties.push_back(ofClass);
         }
     }
-    if (includeQualifiers == E_INCLUDE_QUALIFIERS) {
-        setQualifiers(cimClass.getQualifiers());
+    setProperties(properties);
+    if (includeQualifiers == E_EXCLUDE_QUALIFIERS) { // of the properties, not of the keys
+        for (CIMProperty& property : m_data.write().properties) {
+            property.clearNonKeyQualifiers();
+        }
     }
-    return setProperties(properties);
+    return *this;
 }
 
 CIMInstance CIMInstance::createModifiedInstance(const CIMInstance& previousInstance,
@@ -116,16 +126,25 @@ CIMInstance CIMInstance::createModifiedInstance(const CIMInstance& previousInsta
                                                 const StringArray* propertyList,
                                                 const CIMClass& theClass) const
 {
-    CIMInstance result(previousInstance);
-    for (const CIMProperty& property : m_data.read().properties) {
-        if (!propertyList || isListed(*propertyList, property.getName())) {
-            result.setProperty(property);
+    CIMInstance result(*this);
+    if (includeQualifiers == E_EXCLUDE_QUALIFIERS) {
+        result.setQualifiers(previousInstance.getQualifiers());
+    }
+    if (!propertyList) {
+        return result;
+    }
+    result.setProperties(previousInstance.getProperties());
+    for (const String& name : *propertyList) {
+        CIMProperty modified = getProperty(name);
+        if (!modified) {
+            modified = theClass.getProperty(name);
+        } else if (includeQualifiers == E_EXCLUDE_QUALIFIERS) {
+            const CIMProperty ofClass = theClass.getProperty(name);
+            modified.setQualifiers(ofClass ? ofClass.getQualifiers() : modified.getQualifiers());
         }
+        modified ? result.setProperty(modified) : result.removeProperty(name);
     }
-    if (includeQualifiers == E_INCLUDE_QUALIFIERS) {
-        result.setQualifiers(getQualifiers());
-    }
-    return result.syncWithClass(theClass, E_EXCLUDE_QUALIFIERS);
+    return result;
 }
 
 bool CIMInstance::propertiesAreEqualTo(const CIMInstance& other) const

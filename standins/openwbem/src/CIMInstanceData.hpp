@@ -2,7 +2,7 @@
 #define OPENWBEM_SRC_CIM_INSTANCE_DATA_HPP_
 
 #include "COWData.hpp"
-#include "OW_CIMInstance.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {

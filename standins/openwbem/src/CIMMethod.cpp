@@ -1,7 +1,7 @@
 #include "COWData.hpp"
 #include "MofText.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMMethod.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {
@@ -99,6 +99,12 @@ CIMMethod& CIMMethod::setParameters(const CIMParameterArray& parameters)
     return *this;
 }
 
+CIMMethod& CIMMethod::addParameter(const CIMParameter& parameter)
+{
+    m_data.write().parameters.push_back(parameter);
+    return *this;
+}
+
 CIMQualifierArray CIMMethod::getQualifiers() const
 {
     return m_data.read().qualifiers;
@@ -112,7 +118,7 @@ CIMMethod& CIMMethod::setQualifiers(const CIMQualifierArray& qualifiers)
 
 CIMMethod& CIMMethod::addQualifier(const CIMQualifier& qualifier)
 {
-    addNewElement(m_data.write().qualifiers, qualifier);
+    m_data.write().qualifiers.push_back(qualifier);
     return *this;
 }
 
@@ -143,13 +149,17 @@ CIMMethod& CIMMethod::setPropagated(bool propagated)
     return *this;
 }
 
+String CIMMethod::toString() const
+{
+    return "CIMMethod NAME = " + getName();
+}
+
 String CIMMethod::toMOF() const
 {
     const Data& data = m_data.read();
-    String text =
-        qualifiersMOF(data.qualifiers, "  ") + "  " + data.returnType.toMOF() + " " + getName() + "(";
+    String text = qualifiersMOF(data.qualifiers, ",") + data.returnType.toMOF() + " " + getName() + "(";
     for (size_t i = 0; i < data.parameters.size(); ++i) {
-        text += i ? ", " : "";
+        text += i ? "," : "";
         text += data.parameters[i].toMOF();
     }
     return text += ");\n";

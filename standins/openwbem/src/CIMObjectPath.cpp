@@ -1,8 +1,6 @@
 #include "CIMObjectPathData.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMClass.hpp"
-#include "OW_CIMInstance.hpp"
-#include "OW_CIMValueCast.hpp"
+#include "OW_NoSuchPropertyException.hpp"
 
 namespace OpenWBEM
 {
@@ -91,7 +89,7 @@ CIMObjectPath& CIMObjectPath::setKeyValue(const CIMName& name, const CIMValue& v
     if (key) {
         key.setValue(value);
     } else {
-        key = value ? CIMProperty(name, value) : CIMProperty(name);
+        key = CIMProperty(name, value);
     }
     replaceOrAppend(m_data.write().keys, key);
     return *this;
@@ -99,7 +97,7 @@ CIMObjectPath& CIMObjectPath::setKeyValue(const CIMName& name, const CIMValue& v
 
 CIMObjectPath& CIMObjectPath::addKey(const CIMName& name, const CIMValue& value)
 {
-    return addKey(value ? CIMProperty(name, value) : CIMProperty(name));
+    return value ? addKey(CIMProperty(name, value)) : *this;
 }
 
 CIMObjectPath& CIMObjectPath::addKey(const CIMProperty& key)
@@ -152,7 +150,8 @@ String CIMObjectPath::getHost() const
 
 CIMObjectPath& CIMObjectPath::setHost(const String& host)
 {
-    m_data.write().host = host;
+    const bool isLocal = host.empty() || host.equalsIgnoreCase("localhost");
+    m_data.write().host = isLocal ? String("127.0.0.1") : host;
     return *this;
 }
 
@@ -168,8 +167,8 @@ bool CIMObjectPath::isInstancePath() const
 
 bool CIMObjectPath::equals(const CIMObjectPath& arg) const
 {
-    if (m_data.isNull() || arg.m_data.isNull()) {
-        return m_data.isNull() && arg.m_data.isNull();
+    if (m_data.isNull() && arg.m_data.isNull()) {
+        return true;
     }
     const Data& mine = m_data.read();
     const Data& others = arg.m_data.read();
@@ -190,9 +189,13 @@ CIMObjectPath& CIMObjectPath::syncWithClass(const CIMClass& cimClass)
     CIMPropertyArray synced;
     for (const CIMProperty& key : m_data.read().keys) {
         CIMProperty ofClass = cimClass.getProperty(key.getName());
-        if (ofClass && ofClass.isKey()) {
-            synced.push_back(
-                ofClass.setValue(CIMValueCast::castValueToDataType(key.getValue(), ofClass.getDataType())));
+        if (!ofClass) {
+            continue;
+        }
+        if (!ofClass.isKey()) {
+            synced.push_back(key);
+        } else {
+            synced.push_back(key.getValue() ? ofClass.setValue(key.getValue()) : ofClass);
         }
     }
     for (const CIMProperty& ofClass : cimClass.getKeys()) {

@@ -2,15 +2,19 @@
 #define OPENWBEM_SRC_CIM_OBJECT_PATH_DATA_HPP_
 
 #include "COWData.hpp"
-#include "OW_CIMObjectPath.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {
 
 struct CIMObjectPath::Data : COWData<CIMObjectPath::Data> {
+    void takePlace(String& rest, const String& whole);
+
     CIMName className;
     String nameSpace;
-    String host;
+    String protocol = "http";
+    String host = "127.0.0.1";
+    UInt16 port = 5988;
     CIMPropertyArray keys;
 };
 

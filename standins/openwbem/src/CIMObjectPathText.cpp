@@ -1,6 +1,4 @@
 #include "CIMObjectPathData.hpp"
-#include "MofText.hpp"
-#include "OW_CIMException.hpp"
 
 // Paths as text: //host/namespace:Class.key="value",key="value".
 namespace OpenWBEM
@@ -9,69 +7,89 @@ namespace OpenWBEM
 namespace
 {
 
-bool isLocal(const String& host)
+[[noreturn]] void throwUnparsable(CIMException::ErrNoType code, const String& message)
 {
-    return host.empty() || host.equalsIgnoreCase("localhost") || host == "127.0.0.1";
+    throw CIMException(__FILE__, __LINE__, code, message.c_str());
 }
 
-[[noreturn]] void throwUnparsable(const String& text)
+// The text before the separator; rest gets what follows it.
+String takeUntil(size_t separator, String& rest)
 {
-    const String message = "Invalid object path: " + text;
-    throw CIMException(__FILE__, __LINE__, CIMException::INVALID_PARAMETER, message.c_str());
-}
-
-// The text before the separator, or all of it; rest gets what follows.
-String takeUntil(char separator, String& rest)
-{
-    const size_t position = rest.indexOf(separator);
-    String taken = rest.substring(0, position);
-    rest = position == String::npos ? String("") : rest.substring(position + 1);
+    const String taken = rest.substring(0, separator);
+    rest = rest.substring(separator + 1);
     return taken;
 }
 
-// The position of the quotation mark that ends the quoted text at the beginning.
-size_t closingQuote(const String& text)
+// The position of the comma behind the first key, or the length; npos when a quotation mark has no
+// counterpart.
+size_t endOfKey(const String& keys)
 {
-    size_t position = 1;
-    while (position < text.length() && text.charAt(position) != '"') {
-        position += text.charAt(position) == '\\' ? 2U : 1U;
+    bool isQuoted = false;
+    size_t position = 0;
+    for (; position < keys.length() && (isQuoted || keys[position] != ','); ++position) {
+        if (keys[position] == '\\') {
+            ++position;
+        } else if (keys[position] == '"') {
+            isQuoted = !isQuoted;
+        }
     }
-    return position < text.length() ? position : String::npos;
+    return isQuoted ? size_t(String::npos) : position;
 }
 
-// The value at the beginning of rest, in quotation marks or up to the next comma; rest loses it and the
-// comma.
-String takeValue(String& rest, const String& whole)
+CIMProperty parsedKey(const String& key)
 {
-    if (!rest.startsWith('"')) {
-        return takeUntil(',', rest);
+    const size_t equals = key.indexOf('=');
+    if (equals == String::npos) {
+        throwUnparsable(CIMException::NOT_FOUND, "Bad key in string (" + key + ")");
     }
-    const size_t end = closingQuote(rest);
-    if (end == String::npos) {
-        throwUnparsable(whole);
+    String value = key.substring(equals + 1);
+    if (value.startsWith('"')) {
+        value = value.substring(1, value.length() - 2);
     }
-    const String value = CIMObjectPath::unEscape(rest.substring(1, end - 1));
-    rest = rest.substring(end + 1);
-    takeUntil(',', rest);
-    return value.empty() ? String("") : value;
+    return CIMProperty(key.substring(0, equals), CIMValue(CIMObjectPath::unEscape(value)));
 }
 
-// Moves host and namespace from the beginning of rest into the path.
-void takePlace(String& rest, CIMObjectPath& path)
+CIMPropertyArray parsedKeys(String rest)
 {
-    const size_t scheme = rest.indexOf("//");
-    const size_t quote = rest.indexOf('"');
-    if (scheme < quote) {
-        rest = rest.substring(scheme + 2);
-        path.setHost(takeUntil('/', rest));
+    CIMPropertyArray keys;
+    while (!rest.empty()) {
+        const size_t end = endOfKey(rest);
+        if (end == String::npos) {
+            break;
+        }
+        keys.push_back(parsedKey(takeUntil(end, rest)));
     }
-    const size_t colon = rest.indexOf(':');
-    if (colon < rest.indexOf('=')) {
-        path.setNameSpace(takeUntil(':', rest));
-    }
+    return keys;
 }
 
 } // namespace
+
+// Takes protocol, host and port, or one slash, from the beginning of the text.
+void CIMObjectPath::Data::takePlace(String& rest, const String& whole)
+{
+    const size_t colon = rest.indexOf("://");
+    if (colon >= rest.indexOf('"')) {
+        rest = rest.substring(rest.startsWith('/') ? 1 : 0);
+        return;
+    }
+    protocol = rest.substring(0, colon);
+    rest = rest.substring(colon + 3);
+    const size_t slash = rest.indexOf('/');
+    if (slash == String::npos) {
+        throwUnparsable(CIMException::INVALID_PARAMETER, "Invalid instance name: " + whole);
+    }
+    host = takeUntil(slash, rest);
+    const size_t portColon = host.indexOf(':');
+    if (portColon == String::npos) {
+        return;
+    }
+    try {
+        port = host.substring(portColon + 1).toUInt16();
+    } catch (const StringConversionException&) {
+        throwUnparsable(CIMException::INVALID_PARAMETER, "Invalid port in Object Path");
+    }
+    host = host.substring(0, portColon);
+}
 
 String CIMObjectPath::escape(const String& text)
 {
@@ -96,42 +114,46 @@ String CIMObjectPath::unEscape(const String& text)
 {
     String plain("");
     for (size_t i = 0; i < text.length(); ++i) {
-        char c = text.charAt(i);
-        if (c == '\\' && i + 1 < text.length()) {
-            c = text.charAt(++i);
-            c = c == 'n' ? '\n' : c;
+        i += text[i] == '\\' ? 1U : 0U;
+        if (i < text.length()) {
+            plain += text[i];
         }
-        plain += c;
     }
     return plain;
 }
 
 CIMObjectPath CIMObjectPath::parse(const String& text)
 {
-    if (text.empty()) {
+    String rest(text);
+    const String whole = rest.trim();
+    if (whole.empty()) {
         return CIMObjectPath(CIMNULL);
     }
     CIMObjectPath path;
-    String rest(text);
-    takePlace(rest, path);
-    if (rest.indexOf('.') == String::npos) {
-        throwUnparsable(text);
+    path.m_data.write().takePlace(rest, whole);
+    path.setHost(path.getHost());
+    const size_t colon = rest.indexOf(':');
+    path.setNameSpace(colon == String::npos ? String("root") : takeUntil(colon, rest));
+    const size_t dot = rest.indexOf('.');
+    if (dot == String::npos) {
+        throwUnparsable(CIMException::INVALID_PARAMETER, "class name not found in instance name: " + whole);
     }
-    path.setClassName(takeUntil('.', rest));
-    while (!rest.empty()) {
-        if (rest.indexOf('=') == String::npos) {
-            throwUnparsable(text);
-        }
-        const String name = takeUntil('=', rest);
-        path.addKey(name, CIMValue(takeValue(rest, text)));
+    path.setClassName(takeUntil(dot, rest));
+    if (rest.empty()) {
+        throwUnparsable(CIMException::INVALID_PARAMETER, "No key values found in instance name: " + whole);
     }
-    return path;
+    return path.setKeys(parsedKeys(rest));
 }
 
 String CIMObjectPath::toString() const
 {
-    const String prefix = isLocal(getHost()) ? String("/") : "http://" + getHost() + "/";
-    return prefix + getNameSpace() + ":" + modelPath();
+    const Data& data = m_data.read();
+    String place = "/";
+    if (data.host != "127.0.0.1") {
+        place = data.protocol + "://" + data.host;
+        place += data.port == 5988 ? String("/") : ":" + String(data.port) + "/";
+    }
+    return place + data.nameSpace + ":" + modelPath();
 }
 
 String CIMObjectPath::modelPath() const
@@ -149,7 +171,7 @@ String CIMObjectPath::modelPath() const
 
 String CIMObjectPath::toMOF() const
 {
-    return quotedMOF(modelPath());
+    return escape(toString());
 }
 
 } // namespace OpenWBEM

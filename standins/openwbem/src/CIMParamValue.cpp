@@ -1,5 +1,5 @@
 #include "COWData.hpp"
-#include "OW_CIMParamValue.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {
@@ -57,8 +57,7 @@ String CIMParamValue::toString() const
 
 String CIMParamValue::toMOF() const
 {
-    const CIMValue& value = m_data.read().value;
-    return getName() + " = " + (value ? value.toMOF() : String("NULL"));
+    return "ERROR: CIMParamValue cannot be converted to MOF";
 }
 
 } // namespace OpenWBEM

@@ -1,7 +1,7 @@
 #include "COWData.hpp"
 #include "MofText.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMParameter.hpp"
+#include "OW_CIM.hpp"
 
 namespace OpenWBEM
 {
@@ -63,12 +63,15 @@ CIMQualifier CIMParameter::getQualifier(const CIMName& name) const
     return findElement(m_data.read().qualifiers, name);
 }
 
+String CIMParameter::toString() const
+{
+    return "CIMParameter(" + getName() + ")";
+}
+
 String CIMParameter::toMOF() const
 {
-    String qualifiers = qualifiersMOF(m_data.read().qualifiers, "");
-    qualifiers.rtrim();
-    const String declaration = declarationMOF(m_data.read().dataType, getName());
-    return qualifiers.empty() ? declaration : qualifiers + " " + declaration;
+    const Data& data = m_data.read();
+    return qualifiersMOF(data.qualifiers, ",") + declarationMOF(data.dataType, getName());
 }
 
 } // namespace OpenWBEM

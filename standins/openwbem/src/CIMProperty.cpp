@@ -1,51 +1,21 @@
 #include "COWData.hpp"
 #include "MofText.hpp"
 #include "NamedElements.hpp"
-#include "OW_CIMProperty.hpp"
+#include "OW_CIM.hpp"
 #include "OW_CIMValueCast.hpp"
-#include <utility>
+#include "OW_NULLValueException.hpp"
+#include "OW_NoSuchQualifierException.hpp"
 
 namespace OpenWBEM
 {
 
-namespace
-{
-
-// What a property has from its class. In most instances the properties have none of it.
-struct Declaration : COWData<Declaration> {
+struct CIMProperty::Data : COWData<CIMProperty::Data> {
+    CIMName name;
+    CIMDataType dataType;
+    CIMValue value = CIMValue(CIMNULL);
     CIMQualifierArray qualifiers;
     CIMName originClass;
     bool propagated = false;
-};
-
-} // namespace
-
-struct CIMProperty::Data : COWData<CIMProperty::Data> {
-    Data() : value(CIMNULL) {}
-    Data(CIMName itsName, const CIMDataType& type, const CIMValue& content)
-        : name(std::move(itsName)), dataType(type), value(content)
-    {
-    }
-
-    CIMName name;
-    CIMDataType dataType;
-    CIMValue value;
-
-    const Declaration& declared() const
-    {
-        static const Declaration nothing;
-        return declaration.isNull() ? nothing : declaration.read();
-    }
-    Declaration& declare()
-    {
-        if (declaration.isNull()) {
-            declaration = COWReference<Declaration>(new Declaration);
-        }
-        return declaration.write();
-    }
-
-  private:
-    COWReference<Declaration> declaration; // null until something of it is set
 };
 
 namespace
@@ -71,18 +41,22 @@ CIMProperty::CIMProperty() : m_data(new Data) {}
 
 CIMProperty::CIMProperty(CIMNULL_t) {}
 
-CIMProperty::CIMProperty(const CIMName& name) : CIMProperty(name, CIMDataType()) {}
+CIMProperty::CIMProperty(const CIMName& name) : m_data(new Data)
+{
+    m_data.write().name = name;
+}
 
 CIMProperty::CIMProperty(const char* name) : CIMProperty(CIMName(name)) {}
 
-CIMProperty::CIMProperty(CIMName name, const CIMValue& value)
-    : m_data(new Data(std::move(name), value.getCIMDataType(), value))
+CIMProperty::CIMProperty(const CIMName& name, const CIMValue& value) : CIMProperty(name)
 {
+    m_data.write().dataType = value.getCIMDataType();
+    m_data.write().value = value;
 }
 
-CIMProperty::CIMProperty(CIMName name, const CIMDataType& dataType)
-    : m_data(new Data(std::move(name), dataType, CIMValue(CIMNULL)))
+CIMProperty::CIMProperty(const CIMName& name, const CIMDataType& dataType) : CIMProperty(name)
 {
+    m_data.write().dataType = dataType;
 }
 
 void CIMProperty::setNull()
@@ -93,11 +67,6 @@ void CIMProperty::setNull()
 String CIMProperty::getName() const
 {
     return m_data.read().name.toString();
-}
-
-const CIMName& nameOf(const CIMProperty& property)
-{
-    return property.m_data.read().name;
 }
 
 void CIMProperty::setName(const CIMName& name)
@@ -132,7 +101,10 @@ CIMDataType CIMProperty::getDataType() const
 
 CIMProperty& CIMProperty::setDataType(const CIMDataType& dataType)
 {
-    const CIMValue stored = fitted(m_data.read().value, dataType);
+    CIMValue stored = m_data.read().value;
+    if (stored && (dataType.getType() == CIMDataType::CIMNULL || !isEmbedded(stored))) {
+        stored = CIMValueCast::castValueToDataType(stored, dataType);
+    }
     m_data.write().dataType = dataType;
     m_data.write().value = stored;
     return *this;
@@ -145,23 +117,24 @@ CIMProperty& CIMProperty::setDataType(const CIMDataType::Type& type)
 
 Int32 CIMProperty::getSize() const
 {
-    return m_data.read().dataType.getSize();
+    m_data.read();
+    return -1; // nobody has set one
 }
 
 CIMQualifierArray CIMProperty::getQualifiers() const
 {
-    return m_data.read().declared().qualifiers;
+    return m_data.read().qualifiers;
 }
 
 CIMProperty& CIMProperty::setQualifiers(const CIMQualifierArray& qualifiers)
 {
-    m_data.write().declare().qualifiers = qualifiers;
+    m_data.write().qualifiers = qualifiers;
     return *this;
 }
 
 CIMQualifier CIMProperty::getQualifier(const CIMName& name) const
 {
-    return findElement(m_data.read().declared().qualifiers, name);
+    return findElement(m_data.read().qualifiers, name);
 }
 
 CIMQualifier CIMProperty::getQualifierT(const CIMName& name) const
@@ -175,24 +148,30 @@ CIMQualifier CIMProperty::getQualifierT(const CIMName& name) const
 
 CIMProperty& CIMProperty::setQualifier(const CIMQualifier& qualifier)
 {
-    replaceOrAppend(m_data.write().declare().qualifiers, qualifier);
+    if (qualifier) {
+        replaceOrAppend(m_data.write().qualifiers, qualifier);
+    }
     return *this;
 }
 
 CIMProperty& CIMProperty::addQualifier(const CIMQualifier& qualifier)
 {
-    addNewElement(m_data.write().declare().qualifiers, qualifier);
+    if (hasElement(m_data.read().qualifiers, qualifier.getName())) {
+        const String message = "Qualifier " + qualifier.getName() + " already exists";
+        throw CIMException(__FILE__, __LINE__, CIMException::ALREADY_EXISTS, message.c_str());
+    }
+    m_data.write().qualifiers.push_back(qualifier);
     return *this;
 }
 
 bool CIMProperty::removeQualifier(const CIMName& name)
 {
-    return removeElement(m_data.write().declare().qualifiers, name);
+    return removeElement(m_data.write().qualifiers, name);
 }
 
 CIMProperty& CIMProperty::clearQualifiers()
 {
-    m_data.write().declare().qualifiers.clear();
+    m_data.write().qualifiers.clear();
     return *this;
 }
 
@@ -206,40 +185,42 @@ CIMProperty& CIMProperty::clearNonKeyQualifiers()
 bool CIMProperty::hasTrueQualifier(const CIMName& name) const
 {
     const CIMQualifier qualifier = getQualifier(name);
-    return qualifier && qualifier.getValue() == CIMValue(true);
+    if (!qualifier || !qualifier.hasValue()) {
+        return false;
+    }
+    const CIMValue value = qualifier.getValue();
+    return value.getType() == CIMDataType::BOOLEAN && value.toBool();
 }
 
 bool CIMProperty::isKey() const
 {
-    const bool isQualified = !m_data.read().declared().qualifiers.empty();
-    return isReference() || (isQualified && hasTrueQualifier(CIMQualifier::CIM_QUAL_KEY));
+    return isReference() || hasTrueQualifier(CIMQualifier::CIM_QUAL_KEY);
 }
 
 bool CIMProperty::isReference() const
 {
-    const CIMDataType& dataType = m_data.read().dataType;
-    return dataType && dataType.isReferenceType();
+    return m_data.read().dataType.isReferenceType();
 }
 
 String CIMProperty::getOriginClass() const
 {
-    return m_data.read().declared().originClass.toString();
+    return m_data.read().originClass.toString();
 }
 
 CIMProperty& CIMProperty::setOriginClass(const CIMName& originClass)
 {
-    m_data.write().declare().originClass = originClass;
+    m_data.write().originClass = originClass;
     return *this;
 }
 
 bool CIMProperty::getPropagated() const
 {
-    return m_data.read().declared().propagated;
+    return m_data.read().propagated;
 }
 
 CIMProperty& CIMProperty::setPropagated(bool propagated)
 {
-    m_data.write().declare().propagated = propagated;
+    m_data.write().propagated = propagated;
     return *this;
 }
 
@@ -253,8 +234,7 @@ String CIMProperty::toString() const
 String CIMProperty::toMOF() const
 {
     const Data& data = m_data.read();
-    String text =
-        qualifiersMOF(data.declared().qualifiers, "  ") + "  " + declarationMOF(data.dataType, getName());
+    String text = propertyQualifiersMOF(*this) + "  " + declarationMOF(data.dataType, getName());
     if (data.value) {
         text += "=" + data.value.toMOF();
     }

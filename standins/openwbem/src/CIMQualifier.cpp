@@ -1,9 +1,8 @@
 #include "COWData.hpp"
-#include "OW_Array.hpp"
-#include "OW_CIMQualifier.hpp"
-#include "OW_CIMQualifierType.hpp"
+#include "Flavors.hpp"
+#include "NamedElements.hpp"
+#include "OW_CIM.hpp"
 #include "OW_NULLValueException.hpp"
-#include <algorithm>
 
 namespace OpenWBEM
 {
@@ -57,7 +56,7 @@ CIMValue CIMQualifier::getValue() const
 CIMValue CIMQualifier::getValueT() const
 {
     if (!hasValue()) {
-        OW_THROW(NULLValueException, getName().c_str());
+        OW_THROW(NULLValueException, "");
     }
     return getValue();
 }
@@ -90,14 +89,13 @@ CIMFlavorArray CIMQualifier::getFlavor() const
 
 CIMQualifier& CIMQualifier::addFlavor(const CIMFlavor& flavor)
 {
-    m_data.write().flavors.push_back(flavor);
+    addFlavorTo(m_data.write().flavors, flavor);
     return *this;
 }
 
 bool CIMQualifier::hasFlavor(const CIMFlavor& flavor) const
 {
-    const CIMFlavorArray& flavors = m_data.read().flavors;
-    return std::find(flavors.begin(), flavors.end(), flavor) != flavors.end();
+    return hasFlavorIn(m_data.read().flavors, flavor);
 }
 
 bool CIMQualifier::getPropagated() const
@@ -122,7 +120,7 @@ String CIMQualifier::toMOF() const
     if (!value) {
         return getName();
     }
-    return value.isArray() ? getName() + value.toMOF() : getName() + "(" + value.toMOF() + ")";
+    return getName() + "(" + value.toMOF() + ")";
 }
 
 CIMQualifier CIMQualifier::createKeyQualifier()

@@ -1,14 +1,20 @@
 #include "COWData.hpp"
+#include "Flavors.hpp"
 #include "MofText.hpp"
-#include "OW_Array.hpp"
-#include "OW_CIMFlavor.hpp"
-#include "OW_CIMQualifierType.hpp"
-#include <algorithm>
+#include "NamedElements.hpp"
+#include "OW_CIM.hpp"
+#include "OW_CIMValueCast.hpp"
 
 namespace OpenWBEM
 {
 
 struct CIMQualifierType::Data : COWData<CIMQualifierType::Data> {
+    Data()
+    {
+        addFlavorTo(flavors, CIMFlavor::ENABLEOVERRIDE);
+        addFlavorTo(flavors, CIMFlavor::TOSUBCLASS);
+    }
+
     CIMName name;
     CIMDataType dataType;
     CIMValue defaultValue = CIMValue(CIMNULL);
@@ -23,6 +29,8 @@ CIMQualifierType::CIMQualifierType(const CIMName& name) : m_data(new Data)
 {
     m_data.write().name = name;
 }
+
+CIMQualifierType::CIMQualifierType(const char* name) : CIMQualifierType(CIMName(name)) {}
 
 void CIMQualifierType::setNull()
 {
@@ -57,7 +65,7 @@ CIMValue CIMQualifierType::getDefaultValue() const
 
 CIMQualifierType& CIMQualifierType::setDefaultValue(const CIMValue& value)
 {
-    m_data.write().defaultValue = value;
+    m_data.write().defaultValue = CIMValueCast::castValueToDataType(value, getDataType());
     return *this;
 }
 
@@ -68,14 +76,18 @@ CIMFlavorArray CIMQualifierType::getFlavors() const
 
 CIMQualifierType& CIMQualifierType::addFlavor(const CIMFlavor& flavor)
 {
-    m_data.write().flavors.push_back(flavor);
+    addFlavorTo(m_data.write().flavors, flavor);
     return *this;
 }
 
 bool CIMQualifierType::hasFlavor(const CIMFlavor& flavor) const
 {
-    const CIMFlavorArray& flavors = m_data.read().flavors;
-    return std::find(flavors.begin(), flavors.end(), flavor) != flavors.end();
+    return hasFlavorIn(m_data.read().flavors, flavor);
+}
+
+String CIMQualifierType::toString() const
+{
+    return toMOF();
 }
 
 String CIMQualifierType::toMOF() const

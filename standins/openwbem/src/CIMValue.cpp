@@ -1,10 +1,11 @@
 #include "CIMValueData.hpp"
-#include "OW_CIMException.hpp"
+#include "OW_CIMValueCast.hpp"
+#include <algorithm>
 
 namespace OpenWBEM
 {
 
-OW_DEFINE_EXCEPTION(ValueCast)
+OW_DEFINE_NUMBERED_EXCEPTION(ValueCast, 6)
 
 namespace
 {
@@ -37,13 +38,11 @@ template <class T>
 bool sameContent(const T& lhs, const T& rhs)
 {
     if constexpr (std::is_same_v<T, CIMInstance>) {
-        return CIMName(lhs.getClassName()) == rhs.getClassName() && lhs.propertiesAreEqualTo(rhs);
+        return bool(lhs) == bool(rhs); // whatever they hold
     } else if constexpr (IsArray<T>::value) {
-        bool same = lhs.size() == rhs.size();
-        for (size_t i = 0; same && i < lhs.size(); ++i) {
-            same = sameContent(lhs[i], rhs[i]);
-        }
-        return same;
+        return std::equal(lhs.begin(), lhs.end(), rhs.begin(), rhs.end(), [](const auto& a, const auto& b) {
+            return sameContent<typename IsArray<T>::Element>(a, b);
+        });
     } else {
         return lhs == rhs;
     }
@@ -76,8 +75,8 @@ CIMValue simpleValue(T value)
 } // namespace
 
 CIMValue::CIMValue(CIMNULL_t) {}
-CIMValue::CIMValue(bool arg) : m_data(Data::of(Bool(arg))) {}
-CIMValue::CIMValue(const char* arg) : m_data(Data::of(String(arg ? arg : ""))) {}
+CIMValue::CIMValue(bool arg) : m_data(new Data(Bool(arg))) {}
+CIMValue::CIMValue(const char* arg) : m_data(new Data(String(arg ? arg : ""))) {}
 
 void CIMValue::setNull()
 {
@@ -87,8 +86,8 @@ void CIMValue::setNull()
 // The arguments are types, which take no parentheses.
 // NOLINTBEGIN(bugprone-macro-parentheses)
 #define CIM_VALUE_MEMBERS(TYPE, ARGUMENT)                                                                    \
-    CIMValue::CIMValue(ARGUMENT arg) : m_data(Data::of(TYPE(arg))) {}                                        \
-    CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(Data::of(arg)) {}                                    \
+    CIMValue::CIMValue(ARGUMENT arg) : m_data(new Data(TYPE(arg))) {}                                        \
+    CIMValue::CIMValue(const Array<TYPE>& arg) : m_data(new Data(arg)) {}                                    \
     void CIMValue::get(TYPE& arg) const                                                                      \
     {                                                                                                        \
         arg = held<TYPE>(m_data.read().content);                                                             \
@@ -110,7 +109,7 @@ void CIMValue::setNull()
     }
 // NOLINTEND(bugprone-macro-parentheses)
 
-CIM_VALUE_TYPE(Bool, Bool)
+CIM_VALUE_TYPE(Bool, const Bool&)
 CIM_VALUE_TYPE(UInt8, UInt8)
 CIM_VALUE_TYPE(Int8, Int8)
 CIM_VALUE_TYPE(UInt16, UInt16)
@@ -164,7 +163,7 @@ UInt32 CIMValue::getArraySize() const
             if constexpr (IsArray<std::decay_t<decltype(content)>>::value) {
                 return static_cast<UInt32>(content.size());
             } else {
-                return 0;
+                return 1;
             }
         },
         m_data.read().content);
@@ -185,6 +184,9 @@ bool CIMValue::equal(const CIMValue& arg) const
     if (m_data.isNull() || arg.m_data.isNull()) {
         return m_data.isNull() && arg.m_data.isNull();
     }
+    if (m_data.isSharedWith(arg.m_data)) {
+        return true; // also when it holds a null object, which cannot be compared
+    }
     const CIMContent& others = arg.m_data.read().content;
     return sameType(arg) && std::visit(
                                 [&others](const auto& mine) {
@@ -193,21 +195,17 @@ bool CIMValue::equal(const CIMValue& arg) const
                                 m_data.read().content);
 }
 
-bool operator<(const CIMValue& lhs, const CIMValue& rhs)
+bool CIMValue::operator<(const CIMValue& arg) const
 {
-    if (!lhs || !rhs) {
-        return !lhs && rhs;
+    if (m_data.isNull() || arg.m_data.isNull()) {
+        return m_data.isNull() && !arg.m_data.isNull();
     }
-    const CIMContent& left = lhs.m_data.read().content;
-    const CIMContent& right = rhs.m_data.read().content;
-    if (left.index() != right.index()) {
-        return left.index() < right.index();
-    }
-    return std::visit(
-        [&right](const auto& mine) {
-            return lessContent(mine, std::get<std::decay_t<decltype(mine)>>(right));
-        },
-        left);
+    const CIMContent& others = arg.m_data.read().content;
+    return sameType(arg) && std::visit(
+                                [&others](const auto& mine) {
+                                    return lessContent(mine, std::get<std::decay_t<decltype(mine)>>(others));
+                                },
+                                m_data.read().content);
 }
 
 CIMValue CIMValue::createSimpleValue(const String& cimType, const String& text)

@@ -1,5 +1,4 @@
 #include "CIMValueData.hpp"
-#include "OW_CIMException.hpp"
 #include "OW_CIMValueCast.hpp"
 
 namespace OpenWBEM
@@ -26,23 +25,37 @@ Kind kindOf(CIMDataType::Type type)
     }
 }
 
-bool convertible(CIMDataType::Type from, CIMDataType::Type to)
+bool isEmbedded(CIMDataType::Type type)
 {
-    if (to == CIMDataType::EMBEDDEDCLASS || to == CIMDataType::EMBEDDEDINSTANCE) {
-        return false; // an object cannot be read back from its text
-    }
-    const bool throughText = kindOf(from) == Kind::text || kindOf(to) == Kind::text;
-    return throughText || (kindOf(from) == Kind::number && kindOf(to) == Kind::number);
+    return type == CIMDataType::EMBEDDEDCLASS || type == CIMDataType::EMBEDDEDINSTANCE;
 }
 
+bool convertible(CIMDataType::Type from, CIMDataType::Type to)
+{
+    const bool throughText = kindOf(from) == Kind::text || kindOf(to) == Kind::text;
+    return from == to || throughText || (kindOf(from) == Kind::number && kindOf(to) == Kind::number);
+}
+
+void checkConvertible(const CIMValue& value, CIMDataType::Type to)
+{
+    const CIMDataType::Type from = value.getType();
+    const bool isOneKind = from == CIMDataType::DATETIME || from == CIMDataType::REFERENCE;
+    if (isEmbedded(to) && from != to && from != CIMDataType::STRING && !isOneKind) {
+        const String message = "Invalid to datatype: " + String(Int32(to));
+        OW_THROW(ValueCastException, message.c_str());
+    }
+    if (!convertible(from, to)) {
+        const String message =
+            "Failed to convert \"" + value.toString() + "\" to " + CIMDataType(to).toString();
+        throw CIMException(__FILE__, __LINE__, CIMException::FAILED, message.c_str());
+    }
+}
+
+// By way of its text, from which an embedded object cannot be read back: it stays a text.
 CIMValue castScalar(const CIMValue& value, const CIMDataType& type)
 {
     // An empty text converts to 0, whether or not it was ever given content.
     const String text(value.toString().c_str());
-    if (!convertible(value.getType(), type.getType())) {
-        const String message = "Failed to convert \"" + text + "\" to " + type.toString();
-        throw CIMException(__FILE__, __LINE__, CIMException::FAILED, message.c_str());
-    }
     try {
         return CIMValue::createSimpleValue(type.toString(), text);
     } catch (const StringConversionException& e) {
@@ -89,20 +102,22 @@ CIMValue CIMValueCast::castValueToDataType(const CIMValue& value, const CIMDataT
     if (!value || !dataType) {
         return CIMValue(CIMNULL);
     }
-    const bool sameType = value.getType() == dataType.getType();
-    if (sameType && value.isArray() == dataType.isArrayType()) {
+    const CIMDataType::Type type = dataType.getType();
+    if (value.getType() == type && value.isArray() == dataType.isArrayType()) {
         return value;
     }
+    checkConvertible(value, type);
     CIMValueArray elements = elementsOf(value);
-    if (!sameType) {
-        for (CIMValue& element : elements) {
-            element = castScalar(element, dataType);
-        }
+    if (!dataType.isArrayType()) {
+        return castScalar(elements[0], dataType);
     }
-    if (dataType.isArrayType()) {
-        return arrayOf(elements, dataType.getType());
+    if (isEmbedded(type) && value.isArray()) {
+        OW_THROW(ValueCastException, "LOGIC ERROR");
     }
-    return elements.empty() ? CIMValue(CIMNULL) : elements.front();
+    for (CIMValue& element : elements) {
+        element = castScalar(element, dataType);
+    }
+    return arrayOf(elements, isEmbedded(type) ? CIMDataType::STRING : type);
 }
 
 } // namespace OpenWBEM

@@ -2,14 +2,8 @@
 #define OPENWBEM_SRC_CIM_VALUE_DATA_HPP_
 
 #include "COWData.hpp"
-#include "OW_Array.hpp"
 #include "OW_Bool.hpp"
-#include "OW_CIMClass.hpp"
-#include "OW_CIMDateTime.hpp"
-#include "OW_CIMInstance.hpp"
-#include "OW_CIMObjectPath.hpp"
-#include "OW_CIMValue.hpp"
-#include "OW_Char16.hpp"
+#include "OW_CIM.hpp"
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -28,19 +22,6 @@ struct CIMValue::Data : COWData<CIMValue::Data> {
     template <class T>
     explicit Data(T held) : content(std::move(held))
     {
-    }
-
-    // What a new value holds. The two booleans exist once.
-    template <class T>
-    static COWReference<Data> of(T held)
-    {
-        if constexpr (std::is_same_v<T, Bool>) {
-            static const COWReference<Data> isFalse(new Data(Bool(false)));
-            static const COWReference<Data> isTrue(new Data(Bool(true)));
-            return held ? isTrue : isFalse;
-        } else {
-            return COWReference<Data>(new Data(std::move(held)));
-        }
     }
 
     CIMContent content;

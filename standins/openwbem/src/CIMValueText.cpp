@@ -17,11 +17,19 @@ String scalarToString(const T& scalar)
     } else if constexpr (std::is_same_v<T, Char16>) {
         return String(
             static_cast<char>(scalar.getValue() & 0xFFU)); // the high byte is lost: that is the interface
-    } else if constexpr (std::is_same_v<T, Bool> || std::is_same_v<T, String> ||
-                         std::is_same_v<T, CIMDateTime>) {
-        return scalar.toString(); // a datetime's truth test does not tell whether it is null
     } else {
-        return scalar ? scalar.toString() : String("(null)");
+        return scalar.toString();
+    }
+}
+
+// A character of an array keeps its high byte.
+template <class T>
+String elementToString(const T& element)
+{
+    if constexpr (std::is_same_v<T, Char16>) {
+        return element.toString();
+    } else {
+        return scalarToString(element);
     }
 }
 
@@ -31,7 +39,9 @@ String scalarToMOF(const T& scalar)
     if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool>) {
         return scalarToString(scalar);
     } else if constexpr (std::is_same_v<T, Char16>) {
-        return "'" + scalarToString(scalar) + "'";
+        return scalarToString(scalar);
+    } else if constexpr (std::is_same_v<T, CIMObjectPath>) {
+        return scalar.toMOF();
     } else {
         return quotedMOF(scalarToString(scalar));
     }
@@ -56,7 +66,7 @@ String contentToString(const CIMContent& content)
         [](const auto& held) -> String {
             using T = std::decay_t<decltype(held)>;
             if constexpr (IsArray<T>::value) {
-                return joined(held, scalarToString<typename IsArray<T>::Element>);
+                return joined(held, elementToString<typename IsArray<T>::Element>);
             } else {
                 return scalarToString(held);
             }

@@ -7,7 +7,7 @@ namespace OpenWBEM
 namespace
 {
 OW_DECLARE_EXCEPTION(NULLCOWIntrusiveReference)
-OW_DEFINE_EXCEPTION(NULLCOWIntrusiveReference)
+OW_DEFINE_NUMBERED_EXCEPTION(NULLCOWIntrusiveReference, 47)
 } // namespace
 
 void throwNullReference()
@@ -19,8 +19,7 @@ COWCountable::~COWCountable() = default;
 
 void COWHandle::release()
 {
-    // Nobody can make another handle from the only one, so that one needs no atomic step.
-    if (m_data->m_count.load(std::memory_order_acquire) == 1 || m_data->m_count.fetch_sub(1) == 1) {
+    if (--m_data->m_count == 0) {
         delete m_data;
     }
 }

@@ -4,8 +4,9 @@
 namespace OpenWBEM
 {
 
-// Compares two UTF-8 texts like strcmp, ignoring case in the Latin (up to Latin Extended-A), Greek and
-// Cyrillic blocks. Bytes that are no UTF-8 are compared as they are.
+// 0 when two UTF-8 texts match, else the difference of the first bytes that do not match, as they stand. Two
+// characters match when they are the same or one of them folds into the other, which is not transitive: small
+// and final sigma both match, but not the capital and the final one.
 int compareIgnoringCase(const char* lhs, const char* rhs);
 
 } // namespace OpenWBEM

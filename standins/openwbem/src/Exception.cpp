@@ -1,30 +1,42 @@
+#include "COWData.hpp"
 #include "OW_Exception.hpp"
 #include "OW_NULLValueException.hpp"
 #include "OW_NoSuchPropertyException.hpp"
 #include "OW_NoSuchQualifierException.hpp"
 #include <ostream>
 #include <string>
-#include <utility>
 
 namespace OpenWBEM
 {
 
-struct Exception::Texts {
-    Texts(const char* givenFile, const char* givenMessage, const Exception* cause)
-        : file(givenFile ? givenFile : ""), message(givenMessage ? givenMessage : ""),
-          subException(cause ? cause->clone() : nullptr)
+struct Exception::Data : COWData<Exception::Data> {
+    Data(const char* itsFile, int itsLine, const char* itsMessage, int itsErrorCode, const Exception* cause,
+         int itsSubClassId)
+        : file(itsFile ? itsFile : ""), line(itsLine), message(itsMessage ? itsMessage : ""),
+          errorCode(itsErrorCode), subException(cause ? cause->clone() : nullptr), subClassId(itsSubClassId)
     {
     }
+    Data(const Data& other)
+        : COWData(other), file(other.file), line(other.line), message(other.message),
+          errorCode(other.errorCode),
+          subException(other.subException ? other.subException->clone() : nullptr),
+          subClassId(other.subClassId)
+    {
+    }
+    Data& operator=(const Data&) = delete;
+    ~Data() override { delete subException; }
 
     std::string file;
+    int line;
     std::string message;
-    std::unique_ptr<const Exception> subException;
+    int errorCode;
+    const Exception* subException;
+    int subClassId;
 };
 
 Exception::Exception(const char* file, int line, const char* msg, int errorCode,
                      const Exception* otherException, int subClassId)
-    : m_texts(std::make_shared<const Texts>(file, msg, otherException)), m_line(line), m_errorCode(errorCode),
-      m_subClassId(subClassId)
+    : m_data(new Data(file, line, msg, errorCode, otherException, subClassId))
 {
 }
 
@@ -36,10 +48,7 @@ Exception::~Exception() noexcept = default;
 
 void Exception::swap(Exception& other)
 {
-    std::swap(m_texts, other.m_texts);
-    std::swap(m_line, other.m_line);
-    std::swap(m_errorCode, other.m_errorCode);
-    std::swap(m_subClassId, other.m_subClassId);
+    m_data.swap(other.m_data);
 }
 
 const char* Exception::type() const
@@ -49,37 +58,42 @@ const char* Exception::type() const
 
 const char* Exception::getMessage() const
 {
-    return m_texts->message.c_str();
+    return m_data.read().message.c_str();
 }
 
 const char* Exception::getFile() const
 {
-    return m_texts->file.c_str();
+    return m_data.read().file.c_str();
 }
 
 int Exception::getLine() const
 {
-    return m_line;
+    return m_data.read().line;
 }
 
 int Exception::getErrorCode() const
 {
-    return m_errorCode;
+    return m_data.read().errorCode;
 }
 
 void Exception::setErrorCode(int errorCode)
 {
-    m_errorCode = errorCode;
+    m_data.write().errorCode = errorCode;
 }
 
 int Exception::getSubClassId() const
 {
-    return m_subClassId;
+    return m_data.read().subClassId;
+}
+
+void Exception::setSubClassId(int subClassId)
+{
+    m_data.write().subClassId = subClassId;
 }
 
 const Exception* Exception::getSubException() const
 {
-    return m_texts->subException.get();
+    return m_data.read().subException;
 }
 
 const char* Exception::what() const noexcept
@@ -107,8 +121,8 @@ std::ostream& operator<<(std::ostream& ostr, const Exception& e)
     return ostr << e.type() << ": " << (*e.getMessage() ? e.getMessage() : "[no message]");
 }
 
-OW_DEFINE_EXCEPTION(NULLValue)
-OW_DEFINE_EXCEPTION(NoSuchProperty)
-OW_DEFINE_EXCEPTION(NoSuchQualifier)
+OW_DEFINE_NUMBERED_EXCEPTION(NULLValue, 29)
+OW_DEFINE_NUMBERED_EXCEPTION(NoSuchProperty, 26)
+OW_DEFINE_NUMBERED_EXCEPTION(NoSuchQualifier, 28)
 
 } // namespace OpenWBEM

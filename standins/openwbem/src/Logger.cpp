@@ -1,3 +1,5 @@
+#include "OW_IntrusiveReference.hpp"
+#include "OW_LogMessage.hpp"
 #include "OW_Logger.hpp"
 
 namespace OpenWBEM
@@ -10,25 +12,7 @@ const String Logger::STR_INFO_CATEGORY("INFO");
 const String Logger::STR_DEBUG_CATEGORY("DEBUG");
 const String Logger::STR_ALL_CATEGORY("ALL");
 
-namespace
-{
-
-// Messages of a category of the caller's own are for those who want to see everything.
-ELogLevel levelOf(const String& category)
-{
-    if (category.equalsIgnoreCase(Logger::STR_FATAL_CATEGORY)) {
-        return E_FATAL_ERROR_LEVEL;
-    }
-    if (category.equalsIgnoreCase(Logger::STR_ERROR_CATEGORY)) {
-        return E_ERROR_LEVEL;
-    }
-    if (category.equalsIgnoreCase(Logger::STR_INFO_CATEGORY)) {
-        return E_INFO_LEVEL;
-    }
-    return category.equalsIgnoreCase(Logger::STR_DEBUG_CATEGORY) ? E_DEBUG_LEVEL : E_ALL_LEVEL;
-}
-
-} // namespace
+OW_DEFINE_NUMBERED_EXCEPTION(Logger, 24)
 
 Logger::Logger(const ELogLevel logLevel) : m_logLevel(logLevel), m_defaultComponent("none") {}
 
@@ -47,8 +31,7 @@ void Logger::process(ELogLevel level, const String& category, const String& mess
                      int fileline, const char* methodname) const
 {
     if (level <= m_logLevel) {
-        doProcessLogMessage(
-            LogMessage(m_defaultComponent, category, message, filename, fileline, methodname));
+        logMessage(category, message, filename, fileline, methodname);
     }
 }
 
@@ -73,10 +56,31 @@ void Logger::logDebug(const String& message, const char* filename, int fileline,
     process(E_DEBUG_LEVEL, STR_DEBUG_CATEGORY, message, filename, fileline, methodname);
 }
 
+void Logger::logMessage(const String& category, const String& message) const
+{
+    logMessage(category, message, nullptr, -1, nullptr);
+}
+
+void Logger::logMessage(const String& component, const String& category, const String& message) const
+{
+    logMessage(component, category, message, nullptr, -1, nullptr);
+}
+
 void Logger::logMessage(const String& category, const String& message, const char* filename, int fileline,
                         const char* methodname) const
 {
-    process(levelOf(category), category, message, filename, fileline, methodname);
+    logMessage(m_defaultComponent, category, message, filename, fileline, methodname);
+}
+
+void Logger::logMessage(const String& component, const String& category, const String& message,
+                        const char* filename, int fileline, const char* methodname) const
+{
+    logMessage(LogMessage(component, category, message, filename, fileline, methodname));
+}
+
+void Logger::logMessage(const LogMessage& message) const
+{
+    doProcessLogMessage(message);
 }
 
 ELogLevel Logger::getLogLevel() const

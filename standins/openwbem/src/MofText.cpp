@@ -1,7 +1,5 @@
 #include "MofText.hpp"
-#include "OW_Array.hpp"
-#include "OW_CIMDataType.hpp"
-#include "OW_CIMQualifier.hpp"
+#include "OW_CIM.hpp"
 #include <cstring>
 
 namespace OpenWBEM
@@ -25,17 +23,23 @@ String quotedMOF(const String& text)
     return quoted += '"';
 }
 
-String qualifiersMOF(const CIMQualifierArray& qualifiers, const char* indentation)
+String qualifiersMOF(const CIMQualifierArray& qualifiers, const char* separator)
 {
     if (qualifiers.empty()) {
         return "";
     }
-    String text = String(indentation) + "[";
+    String text = "[";
     for (size_t i = 0; i < qualifiers.size(); ++i) {
-        text += i ? ", " : "";
+        text += i ? separator : "";
         text += qualifiers[i].toMOF();
     }
-    return text += "]\n";
+    return text += "]";
+}
+
+String propertyQualifiersMOF(const CIMProperty& property)
+{
+    const String text = qualifiersMOF(property.getQualifiers(), ",");
+    return text.empty() ? text : "  " + text + "\n";
 }
 
 String declarationMOF(const CIMDataType& type, const String& name)

@@ -10,8 +10,11 @@ namespace OpenWBEM
 
 String quotedMOF(const String& text); // in quotation marks, with escapes
 
-// [Q1("v"), Q2("w")] and a line break, indented; nothing when there are no qualifiers.
-String qualifiersMOF(const CIMQualifierArray& qualifiers, const char* indentation);
+// [Q1("v"),Q2("w")] with the separator between them; nothing when there are no qualifiers.
+String qualifiersMOF(const CIMQualifierArray& qualifiers, const char* separator);
+
+// Those of a property in a line of their own.
+String propertyQualifiersMOF(const CIMProperty& property);
 
 // The type, a name and, for arrays, the brackets behind it.
 String declarationMOF(const CIMDataType& type, const String& name);

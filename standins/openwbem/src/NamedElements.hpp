@@ -2,7 +2,6 @@
 #define OPENWBEM_SRC_NAMED_ELEMENTS_HPP_
 
 #include "OW_Array.hpp"
-#include "OW_CIMException.hpp"
 #include "OW_CIMNULL.hpp"
 #include "OW_CIMName.hpp"
 
@@ -11,18 +10,12 @@
 namespace OpenWBEM
 {
 
-template <class Element>
-CIMName nameOf(const Element& element)
-{
-    return element.getName();
-}
-
 // The position of the element; the size of the list when there is none.
 template <class Element>
 size_t positionOf(const Array<Element>& elements, const CIMName& name)
 {
     size_t position = 0;
-    while (position < elements.size() && name != nameOf(elements[position])) {
+    while (position < elements.size() && name != elements[position].getName()) {
         ++position;
     }
     return position;
@@ -46,21 +39,12 @@ Element findElement(const Array<Element>& elements, const CIMName& name)
 template <class Element>
 void replaceOrAppend(Array<Element>& elements, const Element& element)
 {
-    const size_t position = positionOf(elements, nameOf(element));
+    const size_t position = positionOf(elements, element.getName());
     if (position < elements.size()) {
         elements[position] = element;
     } else {
         elements.push_back(element);
     }
-}
-
-template <class Element>
-void addNewElement(Array<Element>& elements, const Element& element)
-{
-    if (hasElement(elements, nameOf(element))) {
-        throw CIMException(__FILE__, __LINE__, CIMException::ALREADY_EXISTS, element.getName().c_str());
-    }
-    elements.push_back(element);
 }
 
 template <class Element>

@@ -1,9 +1,10 @@
 #include "OW_OperationContext.hpp"
+#include <map>
 
 namespace OpenWBEM
 {
 
-OW_DEFINE_EXCEPTION(ContextDataNotFound)
+OW_DEFINE_NUMBERED_EXCEPTION(ContextDataNotFound, 30)
 
 const char* const OperationContext::USER_NAME = "USER_NAME";
 
@@ -20,29 +21,33 @@ struct StringData : OperationContext::Data {
 
 OperationContext::Data::~Data() = default;
 
-OperationContext::OperationContext() = default;
+struct OperationContext::Entries : IntrusiveCountableBase {
+    std::map<String, DataRef> data;
+};
+
+OperationContext::OperationContext() : m_entries(new Entries) {}
 
 OperationContext::~OperationContext() = default;
 
 void OperationContext::setData(const String& key, const DataRef& data)
 {
-    m_data[key] = data;
+    m_entries->data[key] = data;
 }
 
 void OperationContext::removeData(const String& key)
 {
-    m_data.erase(key);
+    m_entries->data.erase(key);
 }
 
 OperationContext::DataRef OperationContext::getData(const String& key) const
 {
-    const auto entry = m_data.find(key);
-    return entry == m_data.end() ? DataRef() : entry->second;
+    const auto entry = m_entries->data.find(key);
+    return entry == m_entries->data.end() ? DataRef() : entry->second;
 }
 
 bool OperationContext::keyHasData(const String& key) const
 {
-    return bool(getData(key));
+    return m_entries->data.count(key) > 0;
 }
 
 void OperationContext::setStringData(const String& key, const String& str)

@@ -1,10 +1,6 @@
-#include "OW_CIMClass.hpp"
-#include "OW_CIMInstance.hpp"
-#include "OW_CIMObjectPath.hpp"
-#include "OW_CIMParamValue.hpp"
+#include "OW_CIM.hpp"
 #include "OW_CppInstanceProviderIFC.hpp"
 #include "OW_CppMethodProviderIFC.hpp"
-#include "OW_IntrusiveCountableBase.hpp"
 #include "OW_RepositoryIFC.hpp"
 #include "OW_ResultHandlers.hpp"
 #include <functional>

@@ -1,4 +1,3 @@
-#include "CaseFolding.hpp"
 #include "OW_Array.hpp"
 #include "OW_Bool.hpp"
 #include "OW_CIMBase.hpp"
@@ -7,14 +6,15 @@
 #include "OW_CIMName.hpp"
 #include "OW_Char16.hpp"
 #include "OW_DateTime.hpp"
+#include "OW_String.hpp"
 #include <ctime>
 #include <ostream>
 
 namespace OpenWBEM
 {
 
-OW_DEFINE_EXCEPTION(OutOfBounds)
-OW_DEFINE_EXCEPTION(DateTime)
+OW_DEFINE_NUMBERED_EXCEPTION(OutOfBounds, 31)
+OW_DEFINE_NUMBERED_EXCEPTION(DateTime, 17)
 
 void throwArrayOutOfBounds(size_t size, size_t index)
 {
@@ -36,19 +36,24 @@ std::ostream& operator<<(std::ostream& ostr, const Bool& arg)
 namespace
 {
 
-// The first character of a UTF-8 text of at most three bytes a character; 0 when there is none.
+const UInt16 NO_CHARACTER = 0xFFFF;
+
+// The first character of a UTF-8 text of at most three bytes a character.
 UInt16 firstCharacter(const String& text)
 {
-    const unsigned first = static_cast<unsigned char>(text.charAt(0));
-    if (first < 0xC0) {
-        return static_cast<UInt16>(first);
+    const auto byte = [&text](size_t i) { return static_cast<unsigned char>(text.charAt(i)); };
+    const auto isContinuation = [&byte](size_t i) { return (byte(i) & 0xC0U) == 0x80; };
+    if (byte(0) < 0x80) {
+        return byte(0);
     }
-    const unsigned second = static_cast<unsigned char>(text.charAt(1)) & 0x3FU;
-    if (first < 0xE0) {
-        return static_cast<UInt16>(((first & 0x1FU) << 6U) | second);
+    if ((byte(0) & 0xE0U) == 0xC0 && isContinuation(1)) {
+        return static_cast<UInt16>(((byte(0) & 0x1FU) << 6U) | (byte(1) & 0x3FU));
     }
-    const unsigned third = static_cast<unsigned char>(text.charAt(2)) & 0x3FU;
-    return static_cast<UInt16>(((first & 0x0FU) << 12U) | (second << 6U) | third);
+    if ((byte(0) & 0xF0U) == 0xE0 && isContinuation(1) && isContinuation(2)) {
+        return static_cast<UInt16>(((byte(0) & 0x0FU) << 12U) | ((byte(1) & 0x3FU) << 6U) |
+                                   (byte(2) & 0x3FU));
+    }
+    return NO_CHARACTER;
 }
 
 } // namespace
@@ -71,9 +76,15 @@ String Char16::toString() const
     return text += static_cast<char>(0x80U | (value & 0x3FU));
 }
 
+// As itself if it is ASCII, else as its number.
 std::ostream& operator<<(std::ostream& ostr, const Char16& arg)
 {
-    return ostr << arg.toString();
+    if (arg.getValue() > 0 && arg.getValue() < 0x80) {
+        return ostr << static_cast<char>(arg.getValue());
+    }
+    String number;
+    number.format("\\x%04X", static_cast<unsigned>(arg.getValue()));
+    return ostr << number;
 }
 
 void DateTime::setToCurrent()
@@ -83,9 +94,41 @@ void DateTime::setToCurrent()
     *this = DateTime(now.tv_sec, static_cast<UInt32>(now.tv_nsec / 1000));
 }
 
-int compareNames(const CIMName& lhs, const CIMName& rhs)
+CIMName::~CIMName() = default;
+
+bool operator==(const CIMName& lhs, const CIMName& rhs)
 {
-    return compareIgnoringCase(lhs.m_name.c_str(), rhs.m_name.c_str());
+    return lhs.toString().equalsIgnoreCase(rhs.toString());
+}
+
+bool operator!=(const CIMName& lhs, const CIMName& rhs)
+{
+    return !(lhs == rhs);
+}
+
+bool operator<(const CIMName& lhs, const CIMName& rhs)
+{
+    return lhs.toString().compareToIgnoreCase(rhs.toString()) < 0;
+}
+
+bool operator<=(const CIMName& lhs, const CIMName& rhs)
+{
+    return !(rhs < lhs);
+}
+
+bool operator>(const CIMName& lhs, const CIMName& rhs)
+{
+    return rhs < lhs;
+}
+
+bool operator>=(const CIMName& lhs, const CIMName& rhs)
+{
+    return !(lhs < rhs);
+}
+
+std::ostream& operator<<(std::ostream& ostr, const CIMName& name)
+{
+    return ostr << name.toString();
 }
 
 CIMBase::~CIMBase() = default;
@@ -105,7 +148,7 @@ String CIMElement::toString() const
 // Not const, like the comparisons that use it: that is the interface.
 int CIMElement::compare(const CIMElement& arg) // NOLINT(readability-make-member-function-const)
 {
-    return compareNames(getName(), arg.getName());
+    return getName().compareToIgnoreCase(arg.getName());
 }
 
 bool CIMElement::equals(const CIMElement& arg)
@@ -123,7 +166,21 @@ bool CIMElement::operator!=(const CIMElement& arg)
     return !equals(arg);
 }
 
+CIMFlavor::CIMFlavor() : m_flavor(INVALID) {}
+
+CIMFlavor::CIMFlavor(Flavor flavor) : m_flavor(flavor > TRANSLATE ? INVALID : flavor) {}
+
+void CIMFlavor::setNull()
+{
+    m_flavor = INVALID;
+}
+
 String CIMFlavor::toString() const
+{
+    return "FLAVOR(" + toMOF() + ")";
+}
+
+String CIMFlavor::toMOF() const
 {
     switch (m_flavor) {
     case ENABLEOVERRIDE:
@@ -136,8 +193,10 @@ String CIMFlavor::toString() const
         return "ToSubclass";
     case TRANSLATE:
         return "Translatable";
+    case INVALID:
+        break;
     }
-    return String();
+    return "BAD FLAVOR";
 }
 
 } // namespace OpenWBEM

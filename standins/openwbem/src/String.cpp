@@ -3,9 +3,8 @@
 #include "OW_Bool.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMObjectPath.hpp"
-#include "OW_COWReference.hpp"
 #include "OW_Char16.hpp"
-#include "OW_String.hpp"
+#include "StringData.hpp"
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -18,9 +17,7 @@
 namespace OpenWBEM
 {
 
-OW_DEFINE_EXCEPTION(StringConversion)
-
-const size_t String::npos = ~size_t(0);
+OW_DEFINE_NUMBERED_EXCEPTION(StringConversion, 37)
 
 namespace
 {
@@ -43,43 +40,57 @@ std::string concatenated(const Char16Array& characters)
 
 } // namespace
 
-String::String() : m_null(true) {}
-String::String(const char* str) : m_text(str ? str : ""), m_null(str == nullptr) {}
-String::String(Int32 val) : m_text(std::to_string(val)), m_null(false) {}
-String::String(UInt32 val) : m_text(std::to_string(val)), m_null(false) {}
-String::String(Int64 val) : m_text(std::to_string(val)), m_null(false) {}
-String::String(UInt64 val) : m_text(std::to_string(val)), m_null(false) {}
+String::String() {}
+String::String(const char* str) : m_data(str ? new Data(str) : nullptr) {}
+String::String(Int32 val) : m_data(new Data(std::to_string(val))) {}
+String::String(UInt32 val) : m_data(new Data(std::to_string(val))) {}
+String::String(Int64 val) : m_data(new Data(std::to_string(val))) {}
+String::String(UInt64 val) : m_data(new Data(std::to_string(val))) {}
 #ifdef OW_LONG_IS_A_TYPE_OF_ITS_OWN
-String::String(long val) : m_text(std::to_string(val)), m_null(false) {}
-String::String(unsigned long val) : m_text(std::to_string(val)), m_null(false) {}
+String::String(long val) : m_data(new Data(std::to_string(val))) {}
+String::String(unsigned long val) : m_data(new Data(std::to_string(val))) {}
 #endif
-String::String(Real64 val) : m_text(decimal(val)), m_null(false) {}
-String::String(char c) : m_text(c ? 1 : 0, c), m_null(c == '\0') {}
-String::String(const char* str, size_t len) : m_null(str == nullptr)
-{
-    if (str) {
-        m_text.assign(str, len);
-    }
-}
+String::String(Real64 val) : m_data(new Data(decimal(val))) {}
+String::String(char c) : m_data(c ? new Data(std::string(1, c)) : nullptr) {}
+String::String(const char* str, size_t len) : m_data(str ? new Data(std::string(str, len)) : nullptr) {}
 String::String(ETakeOwnershipFlag, char* allocated, size_t len) : String(allocated, len)
 {
     delete[] allocated;
 }
 String::String(Bool val) : String(val.toString()) {}
 String::String(const Char16& val) : String(val.toString()) {}
-String::String(const Char16Array& val) : m_text(concatenated(val)), m_null(false) {}
+String::String(const Char16Array& val) : m_data(new Data(concatenated(val))) {}
 String::String(const CIMDateTime& val) : String(val.toString()) {}
 String::String(const CIMObjectPath& val) : String(val.toString()) {}
 
+const String::Data& String::read() const
+{
+    static const Data empty("");
+    return m_data.isNull() ? empty : m_data.read();
+}
+
+String::Data& String::write()
+{
+    if (m_data.isNull()) {
+        m_data = COWReference<Data>(new Data(""));
+    }
+    return m_data.write();
+}
+
+size_t String::length() const
+{
+    return read().text.length();
+}
+
 bool String::empty() const
 {
-    return m_text.empty();
+    return read().text.empty();
 }
 
 size_t String::UTF8Length() const
 {
     size_t count = 0;
-    for (const char byte : m_text) {
+    for (const char byte : read().text) {
         count += (static_cast<unsigned char>(byte) & 0xC0U) != 0x80 ? 1 : 0;
     }
     return count;
@@ -87,28 +98,25 @@ size_t String::UTF8Length() const
 
 const char* String::c_str() const
 {
-    return m_text.c_str();
+    return read().text.c_str();
 }
 
 char String::charAt(size_t pos) const
 {
-    return pos < m_text.length() ? m_text[pos] : '\0';
+    return pos < length() ? read().text[pos] : '\0';
 }
 
 const char& String::operator[](size_t pos) const
 {
-    if (m_null) {
-        throwNullReference();
-    }
-    return m_text[pos];
+    static const char beyond = '\0';
+    return pos > length() ? beyond : m_data.read().text[pos];
 }
 
 char& String::operator[](size_t pos)
 {
-    if (m_null) {
-        throwNullReference();
-    }
-    return m_text[pos];
+    static thread_local char beyond;
+    beyond = '\0'; // whatever was written to it
+    return pos > length() ? beyond : m_data.write().text[pos];
 }
 
 int String::format(const char* fmt, ...)
@@ -172,8 +180,7 @@ bool String::equalsIgnoreCase(const String& arg) const
 String& String::concat(const char* arg)
 {
     if (arg && *arg) {
-        m_text += arg;
-        m_null = false;
+        write().text += arg;
     }
     return *this;
 }
@@ -185,8 +192,8 @@ String& String::concat(const String& arg)
 
 String& String::concat(char arg)
 {
-    const char text[] = {arg, '\0'};
-    return concat(text);
+    write().text += arg;
+    return *this;
 }
 
 String& String::operator+=(const String& arg)
@@ -211,19 +218,22 @@ String& String::erase()
 
 String& String::erase(size_t idx, size_t len)
 {
-    if (idx < m_text.length()) {
-        m_text.erase(idx, len);
+    if (idx < length()) {
+        write().text.erase(idx, len);
     }
     return *this;
 }
 
+// The hash of P. J. Weinberger, times 13.
 UInt32 String::hashCode() const
 {
     UInt32 hash = 0;
-    for (const char byte : m_text) {
-        hash = hash * 31U + static_cast<unsigned char>(byte);
+    for (const char byte : read().text) {
+        hash = (hash << 4U) + static_cast<UInt32>(static_cast<signed char>(byte));
+        const UInt32 high = hash & 0xF0000000U;
+        hash = (hash ^ (high >> 24U)) & ~high;
     }
-    return hash;
+    return hash * 13U;
 }
 
 String String::toString() const
@@ -238,14 +248,16 @@ char* String::allocateCString() const
 
 void String::swap(String& other)
 {
-    m_text.swap(other.m_text);
-    std::swap(m_null, other.m_null);
+    m_data.swap(other.m_data);
 }
 
 String String::getLine(std::istream& is)
 {
     std::string line;
     std::getline(is, line);
+    if (!line.empty() && line.back() == '\r') {
+        line.pop_back();
+    }
     return String(line.c_str());
 }
 

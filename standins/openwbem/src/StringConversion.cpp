@@ -1,5 +1,6 @@
 #include "OW_String.hpp"
 #include <cerrno>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
 
@@ -52,12 +53,13 @@ Number integer(const String& text, bool isNull, int base, const char* type)
     return static_cast<Number>(parsed);
 }
 
-Real64 real(const String& text, bool isNull, const char* type)
+template <class Real>
+Real real(const String& text, bool isNull, const char* type)
 {
     char* end = nullptr;
     errno = 0;
-    const Real64 parsed = strtod(text.c_str(), &end);
-    if (isNull || *end || errno != 0) {
+    const Real parsed = static_cast<Real>(strtod(text.c_str(), &end));
+    if (isNull || *end || errno != 0 || std::isinf(parsed)) {
         throwConversion(text, type);
     }
     return parsed;
@@ -78,62 +80,62 @@ bool String::toBool() const
 
 Real32 String::toReal32() const
 {
-    return static_cast<Real32>(real(*this, m_null, "Real32"));
+    return real<Real32>(*this, m_data.isNull(), "Real32");
 }
 
 Real64 String::toReal64() const
 {
-    return real(*this, m_null, "Real64");
+    return real<Real64>(*this, m_data.isNull(), "Real64");
 }
 
 UInt8 String::toUInt8(int base) const
 {
-    return integer<UInt8, unsigned long>(*this, m_null, base, "UInt8");
+    return integer<UInt8, unsigned long>(*this, m_data.isNull(), base, "UInt8");
 }
 
 Int8 String::toInt8(int base) const
 {
-    return integer<Int8, long>(*this, m_null, base, "Int8");
+    return integer<Int8, long>(*this, m_data.isNull(), base, "Int8");
 }
 
 UInt16 String::toUInt16(int base) const
 {
-    return integer<UInt16, unsigned long>(*this, m_null, base, "UInt16");
+    return integer<UInt16, unsigned long>(*this, m_data.isNull(), base, "UInt16");
 }
 
 Int16 String::toInt16(int base) const
 {
-    return integer<Int16, long>(*this, m_null, base, "Int16");
+    return integer<Int16, long>(*this, m_data.isNull(), base, "Int16");
 }
 
 UInt32 String::toUInt32(int base) const
 {
-    return integer<UInt32, unsigned long>(*this, m_null, base, "UInt32");
+    return integer<UInt32, unsigned long>(*this, m_data.isNull(), base, "UInt32");
 }
 
 Int32 String::toInt32(int base) const
 {
-    return integer<Int32, long>(*this, m_null, base, "Int32");
+    return integer<Int32, long>(*this, m_data.isNull(), base, "Int32");
 }
 
 UInt64 String::toUInt64(int base) const
 {
-    return integer<UInt64, unsigned long long>(*this, m_null, base, "UInt64");
+    return integer<UInt64, unsigned long long>(*this, m_data.isNull(), base, "UInt64");
 }
 
 Int64 String::toInt64(int base) const
 {
-    return integer<Int64, long long>(*this, m_null, base, "Int64");
+    return integer<Int64, long long>(*this, m_data.isNull(), base, "Int64");
 }
 
 unsigned int String::toUnsignedInt(int base) const
 {
-    return integer<unsigned int, unsigned long>(*this, m_null, base, "unsigned int");
+    return integer<unsigned int, unsigned long>(*this, m_data.isNull(), base, "unsigned int");
 }
 
 int String::toInt(int base) const
 {
-    return integer<int, long>(*this, m_null, base, "int");
+    return integer<int, long>(*this, m_data.isNull(), base, "int");
 }
 
 } // namespace OpenWBEM

@@ -25,7 +25,7 @@ String operator+(char lhs, const String& rhs)
 
 String operator+(const String& lhs, char rhs)
 {
-    return String(lhs).concat(rhs);
+    return String(lhs).concat(String(rhs)); // unlike +=, nothing when it is NUL
 }
 
 bool operator==(const String& lhs, const String& rhs)
@@ -70,7 +70,7 @@ bool operator<(const String& lhs, const char* rhs)
 
 bool operator<(const char* lhs, const String& rhs)
 {
-    return rhs.compareTo(lhs) > 0;
+    return String(lhs).compareTo(rhs) < 0;
 }
 
 bool operator<=(const String& lhs, const String& rhs)

@@ -1,8 +1,7 @@
+#include "CaseFolding.hpp"
 #include "OW_Array.hpp"
-#include "OW_String.hpp"
+#include "StringData.hpp"
 #include <algorithm>
-#include <bitset>
-#include <cstdint>
 #include <cstring>
 
 // Finding, splitting and trimming; letters and blanks are those of ASCII, whatever the host's locale.
@@ -29,14 +28,9 @@ static_assert(std::string::npos == ~size_t(0), "positions of std::string are pas
 
 bool sameBytes(const char* lhs, const char* rhs, size_t count, String::EIgnoreCaseFlag ignoreCase)
 {
-    for (size_t i = 0; i < count; ++i) {
-        const bool same =
-            ignoreCase == String::E_CASE_INSENSITIVE ? lowered(lhs[i]) == lowered(rhs[i]) : lhs[i] == rhs[i];
-        if (!same) {
-            return false;
-        }
-    }
-    return true;
+    return ignoreCase == String::E_CASE_INSENSITIVE
+               ? std::equal(lhs, lhs + count, rhs, [](char a, char b) { return lowered(a) == lowered(b); })
+               : std::equal(lhs, lhs + count, rhs);
 }
 
 } // namespace
@@ -57,7 +51,7 @@ bool String::startsWith(const String& arg, EIgnoreCaseFlag ignoreCase) const
 
 bool String::startsWith(char arg) const
 {
-    return !empty() && m_text.front() == arg;
+    return !empty() && read().text.front() == arg;
 }
 
 bool String::endsWith(const char* arg, EIgnoreCaseFlag ignoreCase) const
@@ -66,7 +60,11 @@ bool String::endsWith(const char* arg, EIgnoreCaseFlag ignoreCase) const
     if (count == 0) {
         return empty();
     }
-    return count <= length() && sameBytes(c_str() + length() - count, arg, count, ignoreCase);
+    if (count > length()) {
+        return false;
+    }
+    const char* const end = c_str() + length() - count;
+    return ignoreCase == E_CASE_INSENSITIVE ? compareIgnoringCase(end, arg) == 0 : strcmp(end, arg) == 0;
 }
 
 bool String::endsWith(const String& arg, EIgnoreCaseFlag ignoreCase) const
@@ -76,17 +74,20 @@ bool String::endsWith(const String& arg, EIgnoreCaseFlag ignoreCase) const
 
 bool String::endsWith(char arg) const
 {
-    return !empty() && m_text.back() == arg;
+    return !empty() && read().text.back() == arg;
 }
 
 size_t String::indexOf(char ch, size_t fromIndex) const
 {
-    return fromIndex < length() ? m_text.find(ch, fromIndex) : npos;
+    if (fromIndex >= length()) {
+        return npos;
+    }
+    return ch ? read().text.find(ch, fromIndex) : length(); // NUL is found at the end
 }
 
 size_t String::indexOf(const char* arg, size_t fromIndex) const
 {
-    return fromIndex < length() ? m_text.find(arg, fromIndex) : npos;
+    return fromIndex < length() ? read().text.find(arg ? arg : "", fromIndex) : npos;
 }
 
 size_t String::indexOf(const String& arg, size_t fromIndex) const
@@ -96,12 +97,19 @@ size_t String::indexOf(const String& arg, size_t fromIndex) const
 
 size_t String::lastIndexOf(char ch, size_t fromIndex) const
 {
-    return m_text.rfind(ch, fromIndex);
+    const bool isInside = fromIndex < length() || fromIndex == npos;
+    return isInside ? read().text.rfind(ch, fromIndex) : npos;
 }
 
+// The last match that ends at fromIndex or before it.
 size_t String::lastIndexOf(const char* arg, size_t fromIndex) const
 {
-    return m_text.rfind(arg, fromIndex);
+    const size_t count = arg ? strlen(arg) : 0;
+    const size_t searched = fromIndex < length() ? fromIndex + 1 : length();
+    if (empty() || count > searched) {
+        return npos;
+    }
+    return read().text.rfind(arg ? arg : "", searched - count);
 }
 
 size_t String::lastIndexOf(const String& arg, size_t fromIndex) const
@@ -121,58 +129,52 @@ String String::substring(size_t beginIndex, size_t count) const
 StringArray String::tokenize(const char* delims, EReturnDelimitersFlag returnDelimiters,
                              EEmptyTokenReturnFlag returnEmpty) const
 {
+    const bool withDelimiters =
+        returnDelimiters == E_RETURN_DELIMITERS || returnDelimiters == E_RETURN_TOKENS;
+    const std::string& text = read().text;
     StringArray tokens;
-    if (empty()) {
-        return tokens;
-    }
-    std::bitset<256> isDelimiter;
-    for (; delims && *delims; ++delims) {
-        isDelimiter.set(static_cast<uint8_t>(*delims));
-    }
-    auto begin = m_text.begin();
-    while (true) {
-        const auto end =
-            std::find_if(begin, m_text.end(), [&](char c) { return isDelimiter[static_cast<uint8_t>(c)]; });
-        if (end != begin || returnEmpty == E_RETURN_EMPTY_TOKENS) {
-            tokens.push_back(String(std::string(begin, end).c_str()));
+    size_t begin = 0;
+    while (begin < text.length()) {
+        const size_t end = std::min(text.find_first_of(delims ? delims : "", begin), text.length());
+        // An empty token is one between two delimiters.
+        if (end > begin || (begin > 0 && returnEmpty == E_RETURN_EMPTY_TOKENS)) {
+            tokens.push_back(substring(begin, end - begin));
         }
-        if (end == m_text.end()) {
-            return tokens;
-        }
-        if (returnDelimiters == E_RETURN_DELIMITERS) {
-            tokens.push_back(String(*end));
+        if (end < text.length() && withDelimiters) {
+            tokens.push_back(String(text[end]));
         }
         begin = end + 1;
     }
+    return tokens;
 }
 
 String& String::toLowerCase()
 {
-    for (char& c : m_text) {
-        c = lowered(c);
+    if (!empty()) {
+        std::string& text = write().text;
+        std::transform(text.begin(), text.end(), text.begin(), lowered);
     }
     return *this;
 }
 
 String& String::toUpperCase()
 {
-    for (char& c : m_text) {
-        c = raised(c);
+    if (!empty()) {
+        std::string& text = write().text;
+        std::transform(text.begin(), text.end(), text.begin(), raised);
     }
     return *this;
 }
 
 String& String::ltrim()
 {
-    m_text.erase(0, m_text.find_first_not_of(BLANKS));
-    return *this;
+    return erase(0, read().text.find_first_not_of(BLANKS));
 }
 
 String& String::rtrim()
 {
     // The position after the last byte that is no blank; none gives npos + 1, which is 0.
-    m_text.erase(m_text.find_last_not_of(BLANKS) + 1);
-    return *this;
+    return erase(read().text.find_last_not_of(BLANKS) + 1);
 }
 
 String& String::trim()
@@ -182,7 +184,7 @@ String& String::trim()
 
 bool String::isSpaces() const
 {
-    return m_text.find_first_not_of(BLANKS) == npos;
+    return read().text.find_first_not_of(BLANKS) == npos;
 }
 
 } // namespace OpenWBEM

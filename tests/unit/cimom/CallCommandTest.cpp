@@ -1,5 +1,6 @@
 #include "CallCommand.hpp"
 #include "CallOutput.hpp"
+#include "OW_CIMValue.hpp"
 #include "StderrCapture.hpp"
 #include "TestServer.hpp"
 

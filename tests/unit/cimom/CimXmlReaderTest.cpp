@@ -2,6 +2,8 @@
 
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMException.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,11 @@
 #include "ClassRepository.hpp"
 #include "MofParser.hpp"
 
+#include "OW_Bool.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMException.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,11 @@
 #include "MofParser.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMFlavor.hpp"
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 #include "TestServer.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMValueCast.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
 #include "Operations.hpp"
 #include "ConsoleLogger.hpp"
 #include "MofParser.hpp"
+#include "OW_CIMValue.hpp"
 #include "ProviderEnvironment.hpp"
 #include "StderrCapture.hpp"
 

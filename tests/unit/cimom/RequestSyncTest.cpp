@@ -3,6 +3,11 @@
 #include "MofParser.hpp"
 
 #include "OW_CIMException.hpp"
+#include "OW_CIMMethod.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
+#include "OW_NoSuchPropertyException.hpp"
 
 #include <gtest/gtest.h>
 

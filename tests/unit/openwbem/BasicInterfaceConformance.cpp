@@ -7,6 +7,7 @@
 #include "OW_CIMException.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMValue.hpp"
+#include "OW_CIMValueCast.hpp"
 #include "OW_Char16.hpp"
 #include "OW_CommonFwd.hpp"
 #include "OW_IntrusiveReference.hpp"
@@ -178,7 +179,6 @@ void checkStringInterface()
     exactly<UInt64 (String::*)(int) const>(&String::toUInt64);
     exactly<Int64 (String::*)(int) const>(&String::toInt64);
     exactly<String (*)(std::istream&)>(&String::getLine);
-    exactly<const size_t*>(&String::npos);
 }
 
 void checkBasicTypes()

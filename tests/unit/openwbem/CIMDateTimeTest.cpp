@@ -1,4 +1,5 @@
 #include "OW_CIMDateTime.hpp"
+#include "OW_DateTime.hpp"
 #include "Thrown.hpp"
 #include <gtest/gtest.h>
 

@@ -1,9 +1,13 @@
 #include "OW_Array.hpp"
 #include "OW_CIMException.hpp"
+#include "OW_CIMFlavor.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMParamValue.hpp"
 #include "OW_CIMProperty.hpp"
 #include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
+#include "OW_NULLValueException.hpp"
+#include "OW_NoSuchQualifierException.hpp"
 #include "Thrown.hpp"
 #include <gtest/gtest.h>
 #include <sstream>

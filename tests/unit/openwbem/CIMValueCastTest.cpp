@@ -1,7 +1,11 @@
+#include "OW_Array.hpp"
+#include "OW_CIMDataType.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMException.hpp"
 #include "OW_CIMObjectPath.hpp"
+#include "OW_CIMValue.hpp"
 #include "OW_CIMValueCast.hpp"
+#include "OW_String.hpp"
 #include "Thrown.hpp"
 #include <gtest/gtest.h>
 

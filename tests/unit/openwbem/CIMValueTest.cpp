@@ -1,8 +1,11 @@
+#include "OW_Bool.hpp"
 #include "OW_CIMClass.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMInstance.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMValue.hpp"
+#include "OW_CIMValueCast.hpp"
+#include "OW_Char16.hpp"
 #include "Thrown.hpp"
 #include <gtest/gtest.h>
 

@@ -1,6 +1,8 @@
+#include "OW_Bool.hpp"
 #include "OW_CIMDateTime.hpp"
 #include "OW_CIMObjectPath.hpp"
 #include "OW_CIMValue.hpp"
+#include "OW_Char16.hpp"
 #include <gtest/gtest.h>
 #include <sstream>
 

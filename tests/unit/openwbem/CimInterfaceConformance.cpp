@@ -2,6 +2,7 @@
 // type by type. The stand-in and an installed OpenWBEM of the late 3.0.3 headers must both satisfy this file;
 // where it stops compiling, one of them differs. It uses nothing that only one of them has.
 #include "OW_CIM.hpp"
+#include "OW_CIMFlavor.hpp"
 #include "OW_CIMNULL.hpp"
 #include "OW_CIMValueCast.hpp"
 #include "OW_WBEMFlags.hpp"

@@ -4,6 +4,7 @@
 #include "OW_NoSuchPropertyException.hpp"
 #include "Thrown.hpp"
 #include <gtest/gtest.h>
+#include <memory>
 #include <sstream>
 
 using namespace OpenWBEM;
@@ -90,10 +91,9 @@ TEST(Exception, isAStandardException)
 TEST(Exception, isClonedWithItsClass)
 {
     const InventedException e("Unit.cpp", 51, "no such thing", 7);
-    const Exception* const clone = e.clone();
+    const std::unique_ptr<const InventedException> clone(e.clone());
     EXPECT_EQ(printed(e), printed(*clone));
     EXPECT_EQ(7, clone->getErrorCode());
-    delete clone;
 }
 
 namespace

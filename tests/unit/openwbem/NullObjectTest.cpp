@@ -41,7 +41,13 @@ TYPED_TEST(NullObject, throwsWhenUsed)
 {
     const TypeParam null(CIMNULL);
     EXPECT_EQ(NULL_REFERENCE, thrown([&null] { null.toString(); }));
-    EXPECT_EQ(NULL_REFERENCE, thrown([&null] { null.toMOF(); }));
+}
+
+TEST(NullObjects, haveNoMOF)
+{
+    EXPECT_EQ(NULL_REFERENCE, thrown([] { CIMProperty(CIMNULL).toMOF(); }));
+    EXPECT_EQ(NULL_REFERENCE, thrown([] { CIMInstance(CIMNULL).toMOF(); }));
+    EXPECT_EQ("ERROR: CIMParamValue cannot be converted to MOF", CIMParamValue(CIMNULL).toMOF());
 }
 
 TYPED_TEST(NullObject, isCopiedAndAssigned)

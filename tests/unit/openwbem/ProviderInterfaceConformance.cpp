@@ -6,6 +6,7 @@
 #include "OW_CppInstanceProviderIFC.hpp"
 #include "OW_CppMethodProviderIFC.hpp"
 #include "OW_InstanceProviderInfo.hpp"
+#include "OW_LogMessage.hpp"
 #include "OW_Logger.hpp"
 #include "OW_MethodProviderInfo.hpp"
 #include "OW_OperationContext.hpp"

@@ -2,6 +2,9 @@
 #define TESTS_UNIT_OPENWBEM_SAMPLE_CLASS_HPP_
 
 #include "OW_CIMClass.hpp"
+#include "OW_CIMProperty.hpp"
+#include "OW_CIMQualifier.hpp"
+#include "OW_CIMValue.hpp"
 
 // class SAMPLE_Port { [Key] string Name; [Write, MaxLen(4)] uint16 Level; string Color = "green"; };
 // with a Provider qualifier.

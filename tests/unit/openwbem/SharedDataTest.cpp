@@ -1,4 +1,5 @@
 #include "OW_CIMInstance.hpp"
+#include "OW_CIMValue.hpp"
 #include <gtest/gtest.h>
 #include <thread>
 #include <vector>

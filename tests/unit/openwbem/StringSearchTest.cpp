@@ -8,6 +8,8 @@ using namespace OpenWBEM;
 namespace
 {
 
+const size_t NPOS = String::npos; // which has no definition that a reference could be bound to
+
 // The tokens in brackets, so that empty ones show.
 std::string shown(const StringArray& tokens)
 {
@@ -27,15 +29,15 @@ TEST(StringIndex, isThatOfTheFirstOccurrence)
     EXPECT_EQ(3U, text.indexOf('=', 2));
     EXPECT_EQ(2U, text.indexOf("b="));
     EXPECT_EQ(2U, text.indexOf(String("b"), 1));
-    EXPECT_EQ(String::npos, text.indexOf('x'));
-    EXPECT_EQ(String::npos, text.indexOf("ba"));
+    EXPECT_EQ(NPOS, text.indexOf('x'));
+    EXPECT_EQ(NPOS, text.indexOf("ba"));
 }
 
 TEST(StringIndex, isNposFromTheEndOn)
 {
-    EXPECT_EQ(String::npos, String("abc").indexOf('a', 3));
-    EXPECT_EQ(String::npos, String("abc").indexOf("", 3));
-    EXPECT_EQ(String::npos, String("").indexOf(""));
+    EXPECT_EQ(NPOS, String("abc").indexOf('a', 3));
+    EXPECT_EQ(NPOS, String("abc").indexOf("", 3));
+    EXPECT_EQ(NPOS, String("").indexOf(""));
     EXPECT_EQ(~size_t(0), size_t(String::npos));
 }
 
@@ -45,8 +47,8 @@ TEST(StringIndex, isThatOfTheLastOccurrence)
     EXPECT_EQ(3U, text.lastIndexOf('='));
     EXPECT_EQ(1U, text.lastIndexOf('=', 2));
     EXPECT_EQ(3U, text.lastIndexOf("=c"));
-    EXPECT_EQ(String::npos, text.lastIndexOf('x'));
-    EXPECT_EQ(String::npos, text.lastIndexOf("=x"));
+    EXPECT_EQ(NPOS, text.lastIndexOf('x'));
+    EXPECT_EQ(NPOS, text.lastIndexOf("=x"));
 }
 
 TEST(StringPart, isClipped)

@@ -3,6 +3,7 @@
 #include "RoofFixture.hpp"
 #include "reporting/Logging.hpp"
 
+#include <OW_LogMessage.hpp>
 #include <OW_Logger.hpp>
 
 #include <gtest/gtest.h>
