@@ -125,22 +125,21 @@ String CIMObjectPath::unEscape(const String& text)
 CIMObjectPath CIMObjectPath::parse(const String& text)
 {
     String rest(text);
-    const String whole = rest.trim();
-    if (whole.empty()) {
+    if (rest.trim().empty()) {
         return CIMObjectPath(CIMNULL);
     }
     CIMObjectPath path;
-    path.m_data.write().takePlace(rest, whole);
+    path.m_data.write().takePlace(rest, text);
     path.setHost(path.getHost());
     const size_t colon = rest.indexOf(':');
     path.setNameSpace(colon == String::npos ? String("root") : takeUntil(colon, rest));
     const size_t dot = rest.indexOf('.');
     if (dot == String::npos) {
-        throwUnparsable(CIMException::INVALID_PARAMETER, "class name not found in instance name: " + whole);
+        throwUnparsable(CIMException::INVALID_PARAMETER, "class name not found in instance name: " + text);
     }
     path.setClassName(takeUntil(dot, rest));
     if (rest.empty()) {
-        throwUnparsable(CIMException::INVALID_PARAMETER, "No key values found in instance name: " + whole);
+        throwUnparsable(CIMException::INVALID_PARAMETER, "No key values found in instance name: " + text);
     }
     return path.setKeys(parsedKeys(rest));
 }

@@ -107,12 +107,13 @@ CIMValue CIMValueCast::castValueToDataType(const CIMValue& value, const CIMDataT
         return value;
     }
     checkConvertible(value, type);
+    const bool hasEmbedded = isEmbedded(value.getType()) || (isEmbedded(type) && dataType.isArrayType());
+    if (value.isArray() && hasEmbedded) {
+        OW_THROW(ValueCastException, "LOGIC ERROR");
+    }
     CIMValueArray elements = elementsOf(value);
     if (!dataType.isArrayType()) {
         return castScalar(elements[0], dataType);
-    }
-    if (isEmbedded(type) && value.isArray()) {
-        OW_THROW(ValueCastException, "LOGIC ERROR");
     }
     for (CIMValue& element : elements) {
         element = castScalar(element, dataType);

@@ -224,16 +224,16 @@ String& String::erase(size_t idx, size_t len)
     return *this;
 }
 
-// The hash of P. J. Weinberger, times 13.
+// The hash of P. J. Weinberger, of 13 times each byte.
 UInt32 String::hashCode() const
 {
     UInt32 hash = 0;
     for (const char byte : read().text) {
-        hash = (hash << 4U) + static_cast<UInt32>(static_cast<signed char>(byte));
+        hash = (hash << 4U) + static_cast<UInt32>(13 * static_cast<signed char>(byte));
         const UInt32 high = hash & 0xF0000000U;
         hash = (hash ^ (high >> 24U)) & ~high;
     }
-    return hash * 13U;
+    return hash;
 }
 
 String String::toString() const
