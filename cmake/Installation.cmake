@@ -1,5 +1,6 @@
 # What cmake --install and cpack deliver: component provider is the library where the object manager looks for it, its
-# class definitions, its documentation and the program that checks it; component debug is the library's debug symbols.
+# class definitions, its documentation and the program that checks it; component debug is the library's debug symbols; component lanctl
+# is the operator's client.
 include(GNUInstallDirs)
 set(KV_PROVIDER_DIR ${CMAKE_INSTALL_LIBDIR}/openwbem/c++providers CACHE STRING
     "Where the object manager looks for C++ providers (its configuration item cppprovifc.prov_location)")
@@ -26,5 +27,17 @@ install(FILES ${CMAKE_SOURCE_DIR}/docs/deployment.md
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lanprovider COMPONENT provider)
 
 install(TARGETS lanprovider-check RUNTIME COMPONENT provider)
+
+if(BUILD_CLIENT)
+  install(TARGETS lanctl RUNTIME COMPONENT lanctl)
+  cmake_path(ABSOLUTE_PATH CMAKE_INSTALL_BINDIR BASE_DIRECTORY "\${CMAKE_INSTALL_PREFIX}" OUTPUT_VARIABLE program_directory)
+  install(CODE "
+    execute_process(COMMAND \"${CMAKE_STRIP}\" \"\$ENV{DESTDIR}${program_directory}/lanctl\" COMMAND_ERROR_IS_FATAL ANY)"
+    COMPONENT lanctl)
+  install(FILES ${CMAKE_SOURCE_DIR}/client/lanctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT lanctl)
+  install(FILES ${CMAKE_SOURCE_DIR}/client/completion/lanctl
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT lanctl)
+  install(FILES ${CMAKE_SOURCE_DIR}/docs/lanctl.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lanctl COMPONENT lanctl)
+endif()
 
 include(Packaging)

@@ -1,4 +1,4 @@
-# Two packages, the provider and its debug symbols: Debian packages for this kind of machine, archives for the server,
+# Two packages, the provider and its debug symbols, and where lanctl is built a third with it: Debian packages for this kind of machine, archives for the server,
 # which has no package manager. An archive is unpacked at the root of the server's file system.
 set(CPACK_PACKAGE_NAME lanprovider)
 set(CPACK_PACKAGE_VENDOR "LANProvider maintainers")
@@ -6,6 +6,9 @@ set(CPACK_PACKAGE_CONTACT "LANProvider maintainers <root@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL provider debug)
+if(BUILD_CLIENT)
+  list(APPEND CPACK_COMPONENTS_ALL lanctl)
+endif()
 set(CPACK_VERBATIM_VARIABLES ON)
 
 # A library that was built against the stand-in looks the same and works with nothing else: its packages say so.
@@ -32,6 +35,10 @@ else()
   set(CPACK_DEBIAN_PROVIDER_PACKAGE_SECTION admin)
   set(CPACK_DEBIAN_DEBUG_PACKAGE_SECTION debug)
   set(CPACK_COMPONENT_DEBUG_DESCRIPTION "Debug symbols of libLANProvider.so")
+  set(CPACK_DEBIAN_LANCTL_PACKAGE_NAME lanctl)
+  set(CPACK_DEBIAN_LANCTL_PACKAGE_SECTION net)
+  set(CPACK_DEBIAN_LANCTL_PACKAGE_SHLIBDEPS ON)
+  set(CPACK_COMPONENT_LANCTL_DESCRIPTION "Shows, plans and changes the network of a telephony server over CIM-XML")
   # The object manager's and the platform's libraries are in no package, and are found in these folders; everything else is
   # looked up.
   set(CPACK_DEBIAN_PROVIDER_PACKAGE_SHLIBDEPS ON)

@@ -2,7 +2,9 @@
 
 #include "model/Names.hpp"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 
 namespace lanctl::model
 {
@@ -136,8 +138,7 @@ Marking markingFrom(const wire::Instance& instance)
 std::vector<Endpoint> endpointsFrom(const std::vector<wire::Instance>& instances)
 {
     std::vector<Endpoint> endpoints;
-    for (const auto& instance : instances)
-        endpoints.push_back(endpointFrom(instance));
+    std::transform(instances.begin(), instances.end(), std::back_inserter(endpoints), endpointFrom);
     return endpoints;
 }
 

@@ -88,6 +88,14 @@ std::optional<std::string_view> dscpName(std::uint16_t tosByte)
     return std::nullopt;
 }
 
+std::vector<std::string_view> allDscpNames()
+{
+    std::vector<std::string_view> names;
+    for (const auto& named : namedBytes)
+        names.push_back(named.name);
+    return names;
+}
+
 std::optional<Mark> parseMark(const std::string& text)
 {
     constexpr std::string_view custom = "custom:";

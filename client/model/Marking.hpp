@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace lanctl::model
 {
@@ -52,6 +53,9 @@ std::string_view flowKey(Flow flow);
 /// The DSCP name of a TOS byte: "EF" for 0xB8, "CS5" for 0xA0, "AF41" for 0x88; nothing for a byte without
 /// one.
 std::optional<std::string_view> dscpName(std::uint16_t tosByte);
+
+/// All of them.
+std::vector<std::string_view> allDscpNames();
 
 /// A mark as a user writes it: a DSCP name in any letter case ("EF"), a TOS byte ("0xB8", "184"), or
 /// "custom:" followed by either. Nothing when the text is none of these.

@@ -2,6 +2,7 @@
 
 #include "shell/Commands.hpp"
 #include "shell/Complaint.hpp"
+#include "shell/Completion.hpp"
 #include "shell/Objects.hpp"
 #include "shell/Terminal.hpp"
 #include "wayback/Folder.hpp"
@@ -19,6 +20,9 @@ namespace lanctl::shell
 
 namespace
 {
+
+/// Asked by the shell's completion (client/completion/lanctl), with the command line so far.
+constexpr std::string_view completionCommand = "__complete";
 
 /// What the options and arguments of all commands are read into, and the command that was chosen.
 struct CommandLine {
@@ -230,6 +234,11 @@ int run(int argc, char** argv)
     addChangeCommands(app, line);
     addWayBackCommands(app, line);
     addWebCommand(app, line);
+    if (argc == 3 && std::string_view(argv[1]) == completionCommand) {
+        for (const std::string& word : completions(app, argv[2]))
+            std::cout << word << "\n";
+        return 0;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& e) {

@@ -5,11 +5,14 @@ import pty
 import re
 import select
 import subprocess
+import tempfile
 import time
 
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
 LANCTL = pathlib.Path(os.environ.get("LANCTL", BUILD / "client/lanctl"))
+
+STATE = tempfile.TemporaryDirectory(prefix="lanctl-tests-")  # the states before changes
 
 DONE, NOT_AS_WANTED, USAGE, NO_ANSWER, DIFFERENCES = 0, 1, 2, 3, 10
 
@@ -18,7 +21,7 @@ def environment(**more):
     """Without what the tester's own environment says about servers, colours and proxies."""
     ours = {name: value for name, value in os.environ.items()
             if not name.startswith("LANCTL_") and not name.lower().endswith("_proxy") and name != "NO_COLOR"}
-    return {**ours, "XDG_CONFIG_HOME": "/nonexistent", **more}
+    return {**ours, "XDG_CONFIG_HOME": "/nonexistent", "XDG_STATE_HOME": STATE.name, **more}
 
 
 def lanctl(*arguments, text=None, seconds=30, **more):

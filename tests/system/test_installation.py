@@ -24,6 +24,14 @@ PROVIDER_FILES = {
 }
 SYMBOL_FILES = {f"{PROVIDERS}/.debug/libLANProvider.so.debug"}
 
+CLIENT_FILES = {
+    "bin/lanctl",
+    "share/man/man1/lanctl.1",
+    "share/bash-completion/completions/lanctl",
+    "share/doc/lanctl/lanctl.md",
+}
+ALL_FILES = PROVIDER_FILES | SYMBOL_FILES | CLIENT_FILES
+
 
 def output_of(*command):
     return subprocess.run(command, check=True, capture_output=True, text=True).stdout
@@ -49,7 +57,7 @@ def prefix(tmp_path):
 
 
 def test_everything_is_where_the_object_manager_looks_by_default(prefix):
-    assert files_below(prefix) == PROVIDER_FILES | SYMBOL_FILES
+    assert files_below(prefix) == ALL_FILES
 
 
 def test_the_symbols_can_be_left_out(tmp_path):
@@ -59,7 +67,7 @@ def test_the_symbols_can_be_left_out(tmp_path):
 
 def test_it_can_be_staged_for_a_packager(tmp_path):
     install("/opt/server", staging=tmp_path)
-    assert files_below(tmp_path / "opt/server") == PROVIDER_FILES | SYMBOL_FILES
+    assert files_below(tmp_path / "opt/server") == ALL_FILES
     assert ".symtab" not in sections(tmp_path / "opt/server" / PROVIDERS / "libLANProvider.so")
 
 
@@ -107,12 +115,13 @@ def package(packages, name):
     return file
 
 
-def test_there_is_one_debian_package_of_the_provider_and_one_of_its_symbols(packages):
+def test_there_is_a_debian_package_of_the_provider_one_of_its_symbols_and_one_of_the_client(packages):
     assert sorted(path.name.split("_")[0] for path in packages.glob("*.deb")) == [
-        "lanprovider-standin", "lanprovider-standin-dbgsym"]  # fmt: skip
+        "lanctl", "lanprovider-standin", "lanprovider-standin-dbgsym"]  # fmt: skip
 
 
-@pytest.mark.parametrize("name, files", [("lanprovider-standin", PROVIDER_FILES), ("lanprovider-standin-dbgsym", SYMBOL_FILES)])
+@pytest.mark.parametrize("name, files", [
+    ("lanprovider-standin", PROVIDER_FILES), ("lanprovider-standin-dbgsym", SYMBOL_FILES), ("lanctl", CLIENT_FILES)])
 def test_a_debian_package_unpacks_below_usr(packages, tmp_path, name, files):
     subprocess.run(["dpkg-deb", "-x", package(packages, name), tmp_path], check=True)
     assert files_below(tmp_path) == {f"usr/{file}" for file in files}
@@ -121,3 +130,16 @@ def test_a_debian_package_unpacks_below_usr(packages, tmp_path, name, files):
 def test_the_provider_package_asks_for_the_packages_of_the_libraries_that_it_needs(packages):
     depends = output_of("dpkg-deb", "-f", package(packages, "lanprovider-standin"), "Depends")
     assert {entry.split()[0] for entry in depends.strip().split(", ")} == {"libc6", "libgcc-s1", "libstdc++6"}
+
+
+def test_the_installed_client_is_stripped_and_small(prefix):
+    client = prefix / "bin/lanctl"
+    assert ".symtab" not in sections(client)
+    assert client.stat().st_size < 2 << 20
+    assert subprocess.run([client, "--version"], capture_output=True, text=True, check=True).stdout == "1.0.0\n"
+
+
+def test_the_client_package_asks_for_the_packages_of_the_libraries_that_it_needs(packages):
+    depends = output_of("dpkg-deb", "-f", package(packages, "lanctl"), "Depends")
+    assert {entry.split()[0] for entry in depends.strip().split(", ")} == {
+        "libc6", "libcurl4", "libexpat1", "libgcc-s1", "libstdc++6", "libyaml-cpp0.7"}
