@@ -142,4 +142,4 @@ def test_the_installed_client_is_stripped_and_small(prefix):
 def test_the_client_package_asks_for_the_packages_of_the_libraries_that_it_needs(packages):
     depends = output_of("dpkg-deb", "-f", package(packages, "lanctl"), "Depends")
     assert {entry.split()[0] for entry in depends.strip().split(", ")} == {
-        "libc6", "libcurl4", "libexpat1", "libgcc-s1", "libstdc++6", "libyaml-cpp0.7"}
+        "libc6", "libcurl4", "libexpat1", "libgcc-s1", "libmicrohttpd12", "libstdc++6", "libyaml-cpp0.7"}
