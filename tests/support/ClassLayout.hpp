@@ -50,13 +50,13 @@ void expectInstanceThenMethodProvider()
 template <typename Provider>
 void expectOperationsInOrder()
 {
-    using Interface = OpenWBEM::CppInstanceProviderIFC;
-    EXPECT_EQ(slot(&Provider::enumInstanceNames), slot(&Interface::enumInstanceNames));
-    expectConsecutive(slot(&Interface::enumInstanceNames),
+    using Operations = OpenWBEM::CppInstanceProviderIFC;
+    EXPECT_EQ(slot(&Provider::enumInstanceNames), slot(&Operations::enumInstanceNames));
+    expectConsecutive(slot(&Operations::enumInstanceNames),
                       {slot(&Provider::enumInstanceNames), slot(&Provider::enumInstances),
                        slot(&Provider::getInstance), slot(&Provider::createInstance),
-                       slot(&Interface::modifyInstance), slot(&Provider::deleteInstance)});
-    expectConsecutive(slot(&Interface::getInstanceProvider) + 1,
+                       slot(&Operations::modifyInstance), slot(&Provider::deleteInstance)});
+    expectConsecutive(slot(&Operations::getInstanceProvider) + 1,
                       {slot(&Provider::initialize), slot(&Provider::invokeMethod)});
 }
 
