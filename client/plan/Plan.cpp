@@ -141,8 +141,10 @@ Plan uncheckedPlan(const model::ServerState& current, const model::WantedState& 
 Plan plan(const model::ServerState& current, const model::WantedState& wanted, const std::string& reachedAt)
 {
     Plan result = uncheckedPlan(current, wanted, reachedAt);
-    if (!result.refusals.empty())
+    if (!result.refusals.empty()) {
         result.requests.clear();
+        result.warnings.clear();
+    }
     return result;
 }
 

@@ -50,14 +50,15 @@ TEST(Plan, OneRefusalHoldsBackEveryRequest)
 {
     model::WantedState all;
     all.endpoints = {wanted("eth1")};
-    all.endpoints.front().mtu = 1400;
+    all.endpoints.front().ipAddress = "10.0.0.6";
     all.setting.primaryDns = "nowhere";
     const Plan result = plan(server(), all);
     EXPECT_EQ(result.refusals.size(), 1U);
     EXPECT_EQ(result.changes.size(), 2U);
     EXPECT_THAT(result.requests, IsEmpty());
+    EXPECT_THAT(result.warnings, IsEmpty());
     EXPECT_THAT(requests(uncheckedPlan(server(), all)),
-                ElementsAre("lan: PrimaryDNS=nowhere", "eth1: MaxDataSize=1400"));
+                ElementsAre("lan: PrimaryDNS=nowhere", "eth1: IPAddress=10.0.0.6"));
 }
 
 TEST(Plan, AnInterfaceMovesIntoANetworkAfterItsOwnerHasLeft)
