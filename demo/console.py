@@ -1,4 +1,4 @@
-"""What the walk-through prints, and what it checks on the way."""
+"""What a walk through the server prints, and what it checks on the way."""
 import os
 import pathlib
 import shlex
@@ -30,6 +30,7 @@ def print_output(text, indent="    "):
 class Console:
     def __init__(self):
         self.events_shown = 0
+        self.status = 0  # of the last command
         self.passed = 0
         self.failed = []
 
@@ -56,21 +57,26 @@ class Console:
         done = subprocess.run(["/bin/bash", "-c", command], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               text=True, check=False)
         print_output(done.stdout.strip("\n") or "(no output)")
+        self.status = done.returncode
         return done.stdout
 
-    def events(self):
-        """Shows what the provider has told the rest of the server since the last call, and returns it as lines."""
+    def new_events(self):
+        """What the provider has told the rest of the server since the last call, as lines."""
         log = STATE / "events.log"
         lines = log.read_text().splitlines() if log.exists() else []
         new, self.events_shown = lines[self.events_shown:], len(lines)
-        print("\n  On the server:" if new else "\n  On the server: nothing happened", flush=True)
-        print_output("\n".join(new))
         return new
 
     def skip_events(self):
         """Leaves out of the next showing what happened before."""
-        log = STATE / "events.log"
-        self.events_shown = len(log.read_text().splitlines()) if log.exists() else 0
+        self.new_events()
+
+    def events(self):
+        """Shows what is new, and returns it."""
+        new = self.new_events()
+        print("\n  On the server:" if new else "\n  On the server: nothing happened", flush=True)
+        print_output("\n".join(new))
+        return new
 
     def expect(self, what, found, wanted):
         if found == wanted:
@@ -85,7 +91,12 @@ class Console:
         self.chapter("Summary")
         for what in self.failed:
             print(f"  [WRONG]  {what}")
-        print(f"\n{self.passed} expectations came true, {len(self.failed)} did not.", flush=True)
+        print()
+        return self.verdict()
+
+    def verdict(self):
+        """The closing line, and the exit status."""
+        print(f"{self.passed} expectations came true, {len(self.failed)} did not.", flush=True)
         return 1 if self.failed else 0
 
 

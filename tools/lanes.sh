@@ -171,8 +171,11 @@ lane_openwbem() {
     unset KV_STATE_DIR
     configure_openwbem "$1"
     cmake --build build/openwbem -j "$jobs" --target all unit_tests
+    cmake --build build/dev -j "$jobs" --target lanctl
     LD_LIBRARY_PATH=$1/lib run_unit_tests openwbem openwbem || failed=1
     export KV_OPENWBEM_ROOT=$1 KV_BUILD_DIR=$PWD/build/openwbem
+    export KV_CLIENT_DIR=$PWD/build/dev/client
+    in_openwbem run demo/lanctl_tour.py || failed=1
     in_openwbem tour demo/walkthrough.py || failed=1
     /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup --junitxml="$results/openwbem.xml" tests/system ||
         failed=1

@@ -2,12 +2,14 @@
 import contextlib
 import fcntl
 import os
+import re
 import select
 import shutil
 import signal
 import socket
 import subprocess
 import termios
+import textwrap
 import time
 
 import pytest
@@ -18,6 +20,7 @@ from server import CHECKOUT, RUN as SERVER, Server
 pytestmark = pytest.mark.xdist_group("build")
 
 RUN = str(CHECKOUT / "run")
+WITH_OBJECT_MANAGER = str(CHECKOUT / "standins/server/with-object-manager")
 
 
 def run(*arguments, **options):
@@ -31,14 +34,76 @@ def free_port():
 
 
 @pytest.fixture(scope="module")
-def walkthrough():
-    """In surroundings that do not suit it: a proxy that nobody is behind, and a language that the machine lacks."""
-    return run(stdin=subprocess.DEVNULL, env=dict(os.environ, http_proxy="http://127.0.0.1:9", LANG="tlh_KX"))
+def home(tmp_path_factory):
+    """An operator's, whose own lanctl asks another server."""
+    folder = tmp_path_factory.mktemp("home")
+    (folder / ".config").mkdir()
+    (folder / ".config/lanctl.yaml").write_text("default: elsewhere\nservers:\n  elsewhere:\n    url: http://127.0.0.1:9\n")
+    return folder
+
+
+def unsuitable(home):
+    """Surroundings that do not suit it: a proxy that nobody is behind, a language that the machine lacks, and an operator's
+    settings."""
+    ours = {name: value for name, value in os.environ.items() if not name.startswith(("LANCTL", "XDG_"))}
+    return {**ours, "http_proxy": "http://127.0.0.1:9", "LANG": "tlh_KX", "HOME": str(home),
+            "LANCTL_SERVER": "http://127.0.0.1:9"}
+
+
+@pytest.fixture(scope="module")
+def look(home):
+    return run(stdin=subprocess.DEVNULL, env=unsuitable(home))
+
+
+@pytest.fixture(scope="module")
+def walkthrough(home):
+    return run("tour", stdin=subprocess.DEVNULL, env=unsuitable(home))
+
+
+def test_the_short_tour_ends_by_itself_with_everything_as_expected(look, home):
+    assert look.returncode == 0, look.stdout + look.stderr
+    assert look.stdout.endswith("\n7 expectations came true, 0 did not.\n")
+    assert (look.stdout.count("[ok]"), "[WRONG]" in look.stdout, look.stderr) == (7, False, "")
+    assert [path.name for path in home.rglob("*")] == [".config", "lanctl.yaml"]
+
+
+def test_the_short_tour_fits_100_lines_of_100_columns(look):
+    lines = look.stdout.splitlines()
+    assert len(lines) <= 100
+    assert [line for line in lines if len(line) > 100] == []
+
+
+def test_the_short_tour_looks_changes_is_refused_and_points_to_more(look):
+    for shown in ("# lanctl show eth1\n", "10.0.0.5  ->  10.0.0.6\n", "Costs: 1 interface restart, ",
+                  'runcommand("ifdown eth1;ifup eth1") = 0\n', "inet 10.0.0.6/24 ",
+                  "Refused: eth1 address: The IP/mask pair overlaps with another interface.",
+                  "./run tour ", "./run shell ", "./run serve ", "docs/lanctl.md "):
+        assert shown in look.stdout
+
+
+def test_the_excerpt_in_the_readme_is_what_the_short_tour_prints(look):
+    readme = (CHECKOUT / "README.md").read_text()
+    excerpt = re.search(r"^    \$ \./run\n((?:(?:    .*)?\n)+)", readme, re.MULTILINE).group(1)
+    parts = [part.strip("\n") for part in textwrap.dedent(excerpt).split("...\n") if part.strip()]
+    assert len(parts) > 1
+    for part in parts:
+        assert part in look.stdout
+
+
+@pytest.mark.usefixtures("look")  # builds
+@pytest.mark.parametrize("program", ["lanctl_tour.py", "walkthrough.py"])
+def test_a_tour_that_meets_another_server_than_it_expects_fails(program):
+    moved = f"lanctl set --yes eth1 mtu=1401 >/dev/null && /usr/bin/python3 demo/{program}"
+    done = subprocess.run([SERVER, WITH_OBJECT_MANAGER, "sh", "-c", moved], capture_output=True, text=True, check=False,
+                          cwd=CHECKOUT)
+    assert done.returncode == 1, done.stdout
+    assert "[WRONG]" in done.stdout
+    assert " expectations came true, 0 did not." not in done.stdout
 
 
 def test_the_walk_through_ends_by_itself_with_everything_as_expected(walkthrough):
     assert walkthrough.returncode == 0, walkthrough.stdout + walkthrough.stderr
-    assert walkthrough.stdout.endswith(" expectations came true, 0 did not.\n")
+    assert walkthrough.stdout.endswith("\n52 expectations came true, 0 did not.\n")
     assert "[WRONG]" not in walkthrough.stdout
     assert walkthrough.stderr == ""
 
@@ -57,6 +122,17 @@ def test_a_shell_has_the_object_manager_beside_it():
     done = run("shell", input="wbemcli ein pbx/root/cimv2:ORX_LANEndpoint\nexit 7\n")
     assert done.returncode == 7
     assert [f'Name="eth{number}"' in done.stdout for number in (0, 1, 2)] == [True, True, True]
+
+
+def test_a_shell_has_lanctl_with_its_completion_at_hand(home):
+    commands = ("lanctl set --yes eth2 mtu=1400\n"
+                "COMP_LINE='lanctl set eth1 gate' COMP_POINT=20; _lanctl lanctl; echo \"completed ${COMPREPLY[0]}\"\n"
+                "complete -p lanctl; lanctl history; ip link show dev eth2; exit 7\n")
+    done = run("shell", input=commands, env=unsuitable(home))
+    assert done.returncode == 7
+    for shown in ("Done.\n", "completed gateway=\n", "-F _lanctl lanctl\n", "eth2 mtu: 1500 -> 1400\n", " mtu 1400 "):
+        assert shown in done.stdout
+    assert [path.name for path in home.rglob("*")] == [".config", "lanctl.yaml"]
 
 
 def test_an_interrupt_in_the_shell_ends_the_command_only():
@@ -114,6 +190,8 @@ def test_serving_answers_clients_of_this_machine_until_the_terminal_ends_it(numb
         line = f"Serving http://127.0.0.1:{port}/root/cimv2 until you press Ctrl-C.\n"
         assert process.stdout.readline().startswith("Building ")
         assert process.stdout.readline() == line
+        told = process.stdout.readline().removeprefix("In another terminal: ")
+        assert "OAM LAN" in subprocess.run(["sh", "-c", told], capture_output=True, text=True, check=False).stdout
         assert 'Name="eth2"' in ask(port)
         os.killpg(process.pid, number)
         assert process.wait(timeout=30) == status
@@ -142,11 +220,11 @@ def test_a_state_directory_is_named_from_where_the_caller_is(tmp_path):
 def test_help_names_every_form():
     done = run("--help")
     assert done.returncode == 0
-    assert done.stdout.startswith("usage: ./run [tour] | ./run shell | ./run serve [--port N] | ./run bench | ./run --help\n")
+    assert done.stdout.startswith("usage: ./run | ./run tour | ./run shell | ./run serve [--port N] | ./run bench | ./run --help\n")
 
 
 @pytest.mark.parametrize("arguments", [
-    ["unknown"], ["shell", "extra"], ["shell", "--port", "5988"], ["serve", "5988"], ["serve", "--port"],
+    ["unknown"], [""], ["look"], ["--openwbem"], ["shell", "extra"], ["shell", "--port", "5988"], ["serve", "5988"], ["serve", "--port"],
     ["serve", "--openwbem"], ["shell", "--openwbem", ""], ["bench", "--openwbem", "/usr"],
     *(["serve", "--port", *values] for values in (["x"], ["5x"], ["5988", "junk"], ["0"], ["65536"], ["-1"], ["5988 junk"])),
 ])
@@ -164,9 +242,6 @@ def test_missing_packages_stop_it_for_an_ordinary_user(tmp_path):
     done = run(env=dict(os.environ, PATH=f"{tmp_path}:{os.environ['PATH']}"))
     assert (done.returncode, done.stdout) == (1, "")
     assert "  sudo apt-get install --no-install-recommends g++ clang-14 " in done.stderr
-
-
-WITH_OBJECT_MANAGER = str(CHECKOUT / "standins/server/with-object-manager")
 
 
 @pytest.mark.parametrize("arguments", [[], ["--port"], ["--port", "5988"], ["--port", "x", "true"]])

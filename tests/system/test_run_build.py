@@ -50,11 +50,19 @@ def test_the_server_starts_after_the_build(project):
     status, out, err = run(project)
     assert (status, err) == (0, "")
     assert out.startswith("Building (log: build/run.log) ...\nserver standins/server/with-object-manager ")
-    assert (project / "called").read_text() == "cmake --preset dev\nninja -C build/dev LANProvider kv-cimom kv_netfilter\n"
+    assert (project / "called").read_text() == "cmake --preset dev\nninja -C build/dev LANProvider kv-cimom kv_netfilter lanctl\n"
 
 
-def test_the_tour_is_what_comes_without_a_name(project):
-    assert run(project, "tour") == run(project)
+@pytest.mark.parametrize("arguments, program", [([], "lanctl_tour.py"), (["tour"], "walkthrough.py")])
+def test_the_short_tour_is_what_comes_without_a_name(project, arguments, program):
+    assert run(project, *arguments)[1].endswith(f" /usr/bin/python3 demo/{program}\n")
+
+
+def test_the_short_tour_takes_an_installed_openwbem(project):
+    (project.parent / "installed/sbin").mkdir(parents=True)
+    play(project.parent / "installed/sbin/owcimomd", "true")
+    status, out, err = run(project, "--openwbem", str(project.parent / "installed"))
+    assert (status, out.endswith(" /usr/bin/python3 demo/lanctl_tour.py\n"), err) == (0, True, "")
 
 
 @pytest.mark.parametrize("tool", ["cmake", "ninja"])
@@ -88,7 +96,7 @@ def test_a_build_tree_from_where_the_checkout_lay_before_is_made_anew(project):
     for tool in ("cmake", "ninja"):
         (tools_of(project) / tool).unlink()
     (project / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.25)\nproject(moved LANGUAGES NONE)\n"
-                                            "foreach(target LANProvider kv-cimom kv_netfilter)\n"
+                                            "foreach(target LANProvider kv-cimom kv_netfilter lanctl)\n"
                                             "  add_custom_target(${target})\nendforeach()\n")
     shutil.copy(CHECKOUT / "CMakePresets.json", project)
     assert run(project)[0] == 0
@@ -110,7 +118,8 @@ def test_an_installed_openwbem_is_named_from_where_the_caller_is(project, monkey
         "cmake --build build/dev --target kv_platform\n"
         f"cmake --preset openwbem -DOPENWBEM_ROOT={project.parent}/installed "
         f"-DKV_PLATFORM_LIBRARIES={project}/build/dev/standins/platform/libkvplatform.so\n"
-        "ninja -C build/openwbem LANProvider kv_netfilter\n")
+        "ninja -C build/openwbem LANProvider kv_netfilter\n"
+        "ninja -C build/dev lanctl\n")
 
 
 def test_a_folder_without_openwbem_is_told_before_anything_is_built(project):
