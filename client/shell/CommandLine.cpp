@@ -186,6 +186,10 @@ void addWebCommand(CLI::App& app, CommandLine& line)
     CLI::App* web = app.add_subcommand("web", "show and change the server in a browser");
     web->add_option("--listen", line.webOptions.listen, "where the page is served (127.0.0.1:8080)")
         ->type_name("ADDRESS:PORT");
+    web->add_option("--confirm", line.webOptions.confirmSeconds,
+                    "how long a change waits for its confirmation (60)")
+        ->type_name("SECONDS")
+        ->check(CLI::Range(1, 86400));
     web->add_flag("--read-only", line.webOptions.readOnly, "show only");
     web->callback([&] { line.command = [&] { return shell::web(line.choice, line.webOptions); }; });
 }

@@ -31,6 +31,7 @@ struct WatchOptions {
 struct WebOptions {
     std::string listen = "127.0.0.1:8080";
     bool readOnly = false;
+    int confirmSeconds = 60; // how long a change of the page waits for its confirmation
 };
 
 Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson);

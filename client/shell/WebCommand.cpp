@@ -80,7 +80,8 @@ Exit web(const ConnectionChoice& choice, const WebOptions& options)
     const sigset_t endings = blockedEndings();
 
     web::Follower follower(connection);
-    web::Api api({label, options.readOnly, argumentsOf(choice)}, follower, wayback::historyOf(label));
+    web::Api api({label, options.readOnly, options.confirmSeconds, argumentsOf(choice)}, follower,
+                 wayback::historyOf(label));
     const web::Gate gate(hostNames(address), token);
     const web::HttpServer server(address, gate, api);
     std::cout << "Showing " << harmless(label) << " at http://" << address.text() << "/"

@@ -3,11 +3,13 @@
 #include "model/Names.hpp"
 #include "model/WantedText.hpp"
 #include "wayback/GuardLoop.hpp"
+#include "wayback/TakeBack.hpp"
 #include "web/Gate.hpp"
 #include "json/HistoryJson.hpp"
 
 #include <array>
 #include <ctime>
+#include <optional>
 
 namespace lanctl::web
 {
@@ -18,6 +20,7 @@ namespace
 using json::Json;
 
 constexpr int longestCountdown = 86400;
+constexpr int largestNumber = 999999; // of a change
 
 Response ok(const Json& body)
 {
@@ -73,12 +76,45 @@ Asked askedOf(const Json& body)
     return asked;
 }
 
-int countdownOf(const Json& body)
+/// A number that JSON may write in any length, within its bounds.
+int wholeNumber(const Json& value, const std::string& name, int least, int most)
 {
-    const int seconds = body.value("confirm", 60);
-    if (seconds < 1 || seconds > longestCountdown)
-        throw std::invalid_argument("confirm is 1 to 86400 seconds");
-    return seconds;
+    const bool isWhole = value.is_number_integer();
+    const double number = isWhole ? value.get<double>() : 0;
+    if (!isWhole || number < least || number > most)
+        throw std::invalid_argument(name + " is a number from " + std::to_string(least) + " to " +
+                                    std::to_string(most));
+    return static_cast<int>(number);
+}
+
+int changeNumber(const Json& body, const char* name)
+{
+    return wholeNumber(body.at(name), name, 1, largestNumber);
+}
+
+Response planned(const model::WantedState& wanted, const Snapshot& snapshot, Json invalid, Json notes)
+{
+    if (!snapshot.state)
+        return failure(503, snapshot.trouble, snapshot.advice);
+    const plan::Plan plan = plan::plan(*snapshot.state, wanted, snapshot.peerAddress);
+    Json told = json::toJson(plan, plan::reach(plan, *snapshot.state, snapshot.peerAddress));
+    told["invalid"] = std::move(invalid);
+    for (Json& note : notes)
+        told["notes"].push_back(std::move(note));
+    return ok(told);
+}
+
+/// What the user has reviewed is what is done: when the server has changed meanwhile, the new plan is shown
+/// instead.
+std::optional<Response> overtaken(const Response& now, const Json& body)
+{
+    if (now.status != 200)
+        return now;
+    const Json plan = Json::parse(now.body);
+    if (plan.at("changes") == body.at("reviewed"))
+        return std::nullopt;
+    const Json error{{"text", "The server has changed meanwhile."}, {"advice", "Review the new plan."}};
+    return Response{409, now.type, json::text({{"error", error}, {"plan", plan}})};
 }
 
 /// lanctl's own sentence without its name.
@@ -146,6 +182,7 @@ Response Api::state()
     const auto open = m_history.openEntry();
     return ok({{"server", m_options.server},
                {"read-only", m_options.readOnly},
+               {"confirm", m_options.confirmSeconds},
                {"reached", snapshot.reached},
                {"since", timeText(snapshot.since)},
                {"trouble", snapshot.trouble},
@@ -155,47 +192,55 @@ Response Api::state()
                {"last", entries.empty() ? Json(nullptr) : json::toJson(entries.back(), m_history)}});
 }
 
-Response Api::planned(const model::WantedState& wanted, Json invalid, const Snapshot& snapshot) const
-{
-    if (!snapshot.state)
-        return failure(503, snapshot.trouble, snapshot.advice);
-    const plan::Plan plan = plan::plan(*snapshot.state, wanted, snapshot.peerAddress);
-    Json told = json::toJson(plan, plan::reach(plan, *snapshot.state, snapshot.peerAddress));
-    told["invalid"] = std::move(invalid);
-    return ok(told);
-}
-
+/// A plan of changes, or of the way back to the state before a change.
 Response Api::plan(const Json& body)
 {
+    if (body.contains("rollback"))
+        return rollbackPlan(changeNumber(body, "rollback"), m_follower.latest());
     Asked asked = askedOf(body);
-    return planned(asked.wanted, std::move(asked.invalid), m_follower.latest());
+    return planned(asked.wanted, m_follower.latest(), std::move(asked.invalid), Json::array());
 }
 
-/// What the user has reviewed is what is applied: when the server has changed meanwhile, the new plan is
-/// shown instead.
+Response Api::rollbackPlan(int number, const Snapshot& snapshot) const
+{
+    if (!m_history.entry(number))
+        return failure(404, "The history has no change " + std::to_string(number) + ".");
+    if (!snapshot.state)
+        return failure(503, snapshot.trouble, snapshot.advice);
+    const auto possible = wayback::possible(
+        *snapshot.state, model::parseWanted(m_history.formerState(number)), snapshot.peerAddress);
+    Json notes = Json::array();
+    for (const auto& refusal : possible.impossible)
+        notes.push_back({{"object", refusal.object},
+                         {"key", refusal.key},
+                         {"text", "Not to be taken back: " + refusal.text}});
+    return planned(possible.wanted, snapshot, Json::array(), std::move(notes));
+}
+
+int Api::countdownOf(const Json& body) const
+{
+    return wholeNumber(body.value("confirm", Json(m_options.confirmSeconds)), "confirm", 1, longestCountdown);
+}
+
 Response Api::apply(const Json& body)
 {
     Asked asked = askedOf(body);
     if (!asked.invalid.empty())
         return failure(400, asked.invalid.front().at("text").get<std::string>());
-    const Response now = planned(asked.wanted, std::move(asked.invalid), m_follower.fresh());
-    if (now.status != 200)
-        return now;
-    const Json plan = Json::parse(now.body);
-    if (plan.at("changes") != body.at("reviewed"))
-        return {
-            409, now.type,
-            json::text({{"error",
-                         {{"text", "The server has changed meanwhile."}, {"advice", "Review the new plan."}}},
-                        {"plan", plan}})};
-    return runChange({"apply", "-", "--confirm", std::to_string(countdownOf(body))}, asked.file.dump());
+    const std::string seconds = std::to_string(countdownOf(body));
+    const Response now = planned(asked.wanted, m_follower.fresh(), Json::array(), Json::array());
+    if (auto other = overtaken(now, body))
+        return *other;
+    return runChange({"apply", "-", "--confirm", seconds}, asked.file.dump());
 }
 
 Response Api::rollback(const Json& body)
 {
-    const int number = body.at("number").get<int>();
-    return runChange({"rollback", std::to_string(number), "--confirm", std::to_string(countdownOf(body))},
-                     "");
+    const int number = changeNumber(body, "number");
+    const std::string seconds = std::to_string(countdownOf(body));
+    if (auto other = overtaken(rollbackPlan(number, m_follower.fresh()), body))
+        return *other;
+    return runChange({"rollback", std::to_string(number), "--confirm", seconds}, "");
 }
 
 Response Api::runChange(std::vector<std::string> arguments, const std::string& input)
@@ -206,6 +251,7 @@ Response Api::runChange(std::vector<std::string> arguments, const std::string& i
     arguments.insert(arguments.end(), {"--yes", "--json"});
     arguments.insert(arguments.end(), m_options.connection.begin(), m_options.connection.end());
     const Finished finished = m_run(arguments, input);
+    m_follower.noteChange();
     const Json told = Json::parse(finished.output, nullptr, false);
     if (told.is_discarded())
         return failure(502, complaintOf(finished));
@@ -225,7 +271,7 @@ Response Api::revert(const Json& body)
 /// The guard answers by what /api/state tells of the change.
 Response Api::requestOfGuard(const Json& body, const char* request)
 {
-    const int number = body.at("number").get<int>();
+    const int number = changeNumber(body, "number");
     const auto open = m_history.openEntry();
     if (!open || open->number != number)
         return failure(409, "Change " + std::to_string(number) + " does not wait any more.");

@@ -19,6 +19,7 @@ namespace lanctl::web
 struct ApiOptions {
     std::string server; // as users call it
     bool readOnly = false;
+    int confirmSeconds = 60;             // the countdown of a change that names none
     std::vector<std::string> connection; // the options that tell lanctl which server it is
 };
 
@@ -41,7 +42,8 @@ class Api
     Response rollback(const json::Json& body);
     Response history() const;
     Response post(const Request& request);
-    Response planned(const model::WantedState& wanted, json::Json invalid, const Snapshot& snapshot) const;
+    Response rollbackPlan(int number, const Snapshot& snapshot) const;
+    int countdownOf(const json::Json& body) const;
     Response requestOfGuard(const json::Json& body, const char* request);
     Response runChange(std::vector<std::string> arguments, const std::string& input);
 

@@ -50,9 +50,16 @@ Snapshot Follower::fresh()
     return waitFor(steady_clock::now(), patienceForFresh);
 }
 
+void Follower::noteChange()
+{
+    const std::lock_guard lock(m_mutex);
+    m_changedAt = steady_clock::now();
+}
+
 Snapshot Follower::waitFor(steady_clock::time_point notBefore, milliseconds longest)
 {
     std::unique_lock lock(m_mutex);
+    notBefore = std::max(notBefore, m_changedAt);
     if (m_snapshot.lookedAt >= notBefore)
         return m_snapshot;
     m_wantedAfter = std::max(m_wantedAfter, notBefore);

@@ -40,6 +40,9 @@ class Follower
     /// The same, looked at after this call began.
     Snapshot fresh();
 
+    /// The server has just been changed: a look from before that does not do any more.
+    void noteChange();
+
   private:
     void run();
     void look();
@@ -51,6 +54,7 @@ class Follower
     std::condition_variable m_changed;
     Snapshot m_snapshot;
     std::chrono::steady_clock::time_point m_wantedAfter; // a look that begins later is wanted
+    std::chrono::steady_clock::time_point m_changedAt;
     bool m_ends = false;
     std::thread m_thread;
 };

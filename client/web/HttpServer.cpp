@@ -166,10 +166,10 @@ HttpServer::HttpServer(const ListenAddress& address, const Gate& gate, Api& api)
     const unsigned flags = static_cast<unsigned>(MHD_USE_THREAD_PER_CONNECTION) |
                            static_cast<unsigned>(MHD_USE_INTERNAL_POLLING_THREAD) |
                            (socket.isIpv6 ? static_cast<unsigned>(MHD_USE_IPv6) : 0U);
-    m_daemon->handle = MHD_start_daemon(
-        flags, address.port, nullptr, nullptr, handle, this, MHD_OPTION_SOCK_ADDR, &socket.storage,
-        MHD_OPTION_NOTIFY_COMPLETED, forget, nullptr, MHD_OPTION_CONNECTION_LIMIT, mostConnections,
-        MHD_OPTION_CONNECTION_TIMEOUT, idleSeconds, MHD_OPTION_LISTENING_ADDRESS_REUSE, 1U, MHD_OPTION_END);
+    m_daemon->handle = MHD_start_daemon(flags, address.port, nullptr, nullptr, handle, this,
+                                        MHD_OPTION_SOCK_ADDR, &socket.storage, MHD_OPTION_NOTIFY_COMPLETED,
+                                        forget, nullptr, MHD_OPTION_CONNECTION_LIMIT, mostConnections,
+                                        MHD_OPTION_CONNECTION_TIMEOUT, idleSeconds, MHD_OPTION_END);
     if (m_daemon->handle == nullptr)
         throw std::system_error(errno, std::generic_category(), "cannot listen on " + address.text());
 }

@@ -85,8 +85,9 @@ function build(form, objects, isReadOnly) {
   facts.clear();
   form.replaceChildren(
     element("datalist", { id: "marks" }, markNames.map((value) => element("option", { value }))),
-    ...objects.map((object) => element("fieldset", {}, element("legend", {}, object.title), makeFacts(object),
-      object.fields.map((field) => makeField(object, field, isReadOnly)))));
+    ...objects.map((object) => element("fieldset", { class: object.isEndpoint ? "endpoint" : "settings" },
+      element("legend", {}, object.title), makeFacts(object),
+      element("div", { class: "fields" }, object.fields.map((field) => makeField(object, field, isReadOnly))))));
 }
 
 function refresh(node, text, isFirst) {

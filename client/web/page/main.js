@@ -8,10 +8,10 @@ import { timeOfDay } from "./words.js";
 
 const followEvery = 2000;
 const planAfter = 250;
-const confirmWithin = 60;
 
 let latest = null; // what /api/state said last
 let plan = null;   // of the changes that are typed in
+let offer = null;  // what the open review applies: {path, body}
 let countdownEnds = 0;
 let planTimer = 0;
 let lastResult = "";
@@ -140,12 +140,26 @@ function discard() {
 
 // --- reviewing and applying
 
+function showReview(offered, shownPlan, told = "") {
+  offer = { ...offered, body: { ...offered.body, reviewed: shownPlan.changes } };
+  review.showPlan(shownPlan);
+  byId("plan-apply").textContent = `Apply and confirm within ${latest.confirm} s`;
+  if (!byId("plan").open) byId("plan").showModal();
+  say(byId("plan-told"), told);
+}
+
 async function openReview() {
   say(byId("told"), "");
   await checkTyped();
-  if (!plan) return;
-  review.showPlan(plan);
-  byId("plan").showModal();
+  if (plan) showReview({ path: "apply", body: { changes: form.changes() } }, plan);
+}
+
+async function openRollback(number) {
+  try {
+    showReview({ path: "rollback", body: { number } }, await send("plan", { rollback: number }));
+  } catch (error) {
+    say(byId("told"), explain(error));
+  }
 }
 
 function showProgress(node, text) {
@@ -173,25 +187,20 @@ async function carryOut(path, body) {
 async function apply() {
   byId("plan-apply").disabled = true;
   byId("plan").close();
-  const reviewed = plan.changes;
-  const answer = await carryOut("apply", { changes: form.changes(), reviewed, confirm: confirmWithin });
-  if (answer instanceof Failure && answer.status === 409 && answer.body?.plan) {
-    plan = answer.body.plan;
-    review.showPlan(plan);
-    byId("plan").showModal();
-    say(byId("plan-told"), explain(answer));
-  } else if (answer.changed) {
-    discard();
-  }
+  const applied = offer;
+  const answer = await carryOut(applied.path, applied.body);
+  if (answer instanceof Failure && answer.status === 409 && answer.body?.plan)
+    showReview(applied, answer.body.plan, explain(answer));
+  else if (answer.changed && applied.path === "apply") discard();
 }
 
 // --- history
 
 function entryItem(entry) {
   const button = element("button", { type: "button" }, `Back to before change ${entry.number}`);
-  button.addEventListener("click", async () => {
+  button.addEventListener("click", () => {
     byId("history").close();
-    await carryOut("rollback", { number: entry.number, confirm: confirmWithin });
+    openRollback(entry.number);
   });
   const when = new Date(entry.time).toLocaleString();
   return element("li", {}, element("p", {}, `${entry.number}. ${when}, ${entry.user}: ${entry.result}`),

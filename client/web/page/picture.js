@@ -3,46 +3,56 @@ import { shape } from "./element.js";
 import { flows } from "./fields.js";
 import { linkWord, markShown, network, onOff } from "./words.js";
 
-const label = (x, y, text, attributes = {}) =>
-  shape("text", { x, y, "font-size": 14, "text-anchor": "middle", "data-text": true, ...attributes }, text);
+const portWidth = 250;
+const portHeight = 160;
 
-const left = (x, y, text, attributes = {}) => label(x, y, text, { "text-anchor": "start", ...attributes });
+// A text of at most `most` characters; the whole one is then told where the mouse rests.
+function label(x, y, text, attributes = {}, most = 28) {
+  const shown = text.length > most ? `${text.slice(0, most - 1)}…` : text;
+  const node = shape("text", { x, y, "font-size": 14, "data-text": text, ...attributes }, shown);
+  if (shown !== text) node.append(shape("title", {}, text));
+  return node;
+}
 
 // A lamp and a word: colour alone would tell some people nothing.
 const lamp = (x, y, isOn) => shape("circle", { cx: x, cy: y, r: 7, class: isOn ? "on" : "off" });
 
+const wire = (x1, y1, x2, y2, isUp) => shape("line", { x1, y1, x2, y2, class: isUp ? "wire" : "wire down" });
+
 function port(endpoint, x, y) {
   const works = endpoint.up !== false && endpoint.link === true;
   return shape("g", {},
-    shape("rect", { x, y, width: 250, height: 150, rx: 8, class: "box" }),
-    lamp(x + 22, y + 24, works),
-    left(x + 38, y + 29, linkWord(endpoint), { class: "quiet" }),
-    left(x + 15, y + 56, `${endpoint.name}  ${endpoint.description}`, { class: "title", "font-size": 16 }),
-    left(x + 15, y + 80, network(endpoint), { "font-size": 16 }),
-    left(x + 15, y + 102, endpoint.dhcp ? "address by DHCP" : "fixed address", { class: "quiet" }),
-    left(x + 15, y + 122, `MTU ${endpoint.mtu} bytes`, { class: "quiet" }),
-    left(x + 15, y + 141, endpoint.mac || "no MAC address", { class: "quiet", "font-size": 13 }));
+    shape("rect", { x, y, width: portWidth, height: portHeight, rx: 8, class: "box" }),
+    label(x + 15, y + 28, `${endpoint.name}  ${endpoint.description}`, { class: "title", "font-size": 16 }, 24),
+    lamp(x + 22, y + 48, works),
+    label(x + 38, y + 53, linkWord(endpoint)),
+    label(x + 15, y + 80, network(endpoint), { class: "title", "font-size": 16 }, 24),
+    label(x + 15, y + 103, endpoint.dhcp ? "address by DHCP" : "fixed address", { class: "quiet" }),
+    label(x + 15, y + 124, `MTU ${endpoint.mtu} bytes`, { class: "quiet" }),
+    label(x + 15, y + 145, endpoint.mac || "no MAC address", { class: "quiet" }));
 }
 
-function hanging(title, lines, x, y) {
+function hanging([title, lines], x, y) {
   return shape("g", {},
-    shape("rect", { x, y, width: 250, height: 34 + 20 * lines.length, rx: 8, class: "box" }),
-    left(x + 15, y + 24, title, { class: "quiet" }),
-    lines.map((line, i) => left(x + 15, y + 46 + 20 * i, line)));
+    shape("rect", { x, y, width: portWidth, height: 44 + 20 * lines.length, rx: 8, class: "box" }),
+    label(x + 15, y + 26, title, { class: "quiet" }),
+    lines.map((line, i) => label(x + 15, y + 49 + 20 * i, line)));
 }
 
-const wire = (x1, y1, x2, y2, isUp) => shape("line", { x1, y1, x2, y2, class: isUp ? "wire" : "wire down" });
-
-function serverLines(state) {
-  const { lan, marking } = state;
+// What the server box says, in three groups.
+function serverGroups({ lan, marking }) {
   return [
-    [`router card: ${lan["router-card"] ? "present" : "none"}`, `domain: ${lan.domain || "none"}`],
-    [`ICMP filter ${onOff(lan["icmp-filter"])}, ARP filter ${onOff(lan["arp-filter"])}`,
-      `broadcast filter ${onOff(lan["broadcast-filter"])}, conflict watch ${onOff(lan["conflict-watch"])}`],
-    flows.slice(0, 2).map(([key, name]) => `${name} ${markShown(marking[key])}`),
-    flows.slice(2).map(([key, name]) => `${name} ${markShown(marking[key])}`),
+    ["Server", [`Router card ${lan["router-card"] ? "present" : "none"}`, `Domain ${lan.domain || "none"}`]],
+    ["Packet filter", [`ICMP filter ${onOff(lan["icmp-filter"])}`, `ARP filter ${onOff(lan["arp-filter"])}`,
+      `Broadcast filter ${onOff(lan["broadcast-filter"])}`, `Conflict watch ${onOff(lan["conflict-watch"])}`]],
+    ["Voice marking", flows.map(([key, name]) => `${name} ${markShown(marking[key])}`)],
   ];
 }
+
+const group = ([title, lines], x, y) => [
+  label(x, y, title, { class: "quiet" }),
+  ...lines.map((line, i) => label(x, y + 21 * (i + 1), line)),
+];
 
 function hangingOn(endpoint, lan) {
   const list = [];
@@ -54,20 +64,19 @@ function hangingOn(endpoint, lan) {
 
 // Wide: the server above, its ports in a row below, what hangs on them underneath.
 function wide(name, state) {
-  const count = Math.max(1, state.endpoints.length);
-  const width = Math.max(1, count) * 290 + 20;
-  const parts = [shape("rect", { x: 20, y: 10, width: width - 40, height: 125, rx: 12, class: "server" }),
-    label(width / 2, 38, name, { class: "title", "font-size": 19 })];
-  serverLines(state).forEach((pair, i) => pair.forEach((line, j) =>
-    parts.push(left(40 + j * (width - 40) / 2, 62 + i * 20, line))));
-  let height = 330;
+  const width = Math.max(3, state.endpoints.length) * 290 + 10;
+  const parts = [shape("rect", { x: 5, y: 5, width: width - 10, height: 165, rx: 12, class: "server" }),
+    label(40, 36, name, { class: "title", "font-size": 19 }, 70)];
+  serverGroups(state).forEach((texts, i) => parts.push(...group(texts, 40 + i * 290, 66)));
+  let height = 390;
   state.endpoints.forEach((endpoint, i) => {
     const x = 25 + i * 290;
-    parts.push(wire(x + 125, 135, x + 125, 170, endpoint.link === true), port(endpoint, x, 170));
-    let y = 320;
-    for (const [title, lines] of hangingOn(endpoint, state.lan)) {
-      parts.push(wire(x + 125, y, x + 125, y + 25, endpoint.link === true), hanging(title, lines, x, y + 25));
-      y += 59 + 20 * lines.length;
+    const middle = x + portWidth / 2;
+    parts.push(wire(middle, 170, middle, 215, endpoint.link === true), port(endpoint, x, 215));
+    let y = 215 + portHeight;
+    for (const what of hangingOn(endpoint, state.lan)) {
+      parts.push(wire(middle, y, middle, y + 25, endpoint.link === true), hanging(what, x, y + 25));
+      y += 69 + 20 * what[1].length;
     }
     height = Math.max(height, y + 10);
   });
@@ -76,23 +85,27 @@ function wide(name, state) {
 
 // Narrow: everything in one column.
 function narrow(name, state) {
-  const parts = [label(165, 38, name, { class: "title", "font-size": 18 })];
-  let y = 64;
-  for (const line of serverLines(state).flat()) {
-    parts.push(left(30, y, line, { "font-size": 13 }));
-    y += 20;
+  const parts = [label(25, 38, name, { class: "title", "font-size": 17 }, 26)];
+  let y = 66;
+  for (const texts of serverGroups(state)) {
+    parts.push(...group(texts, 25, y));
+    y += 21 * texts[1].length + 34;
   }
-  parts.unshift(shape("rect", { x: 10, y: 10, width: 310, height: y - 16, rx: 12, class: "server" }));
+  parts.unshift(shape("rect", { x: 5, y: 5, width: 290, height: y - 25, rx: 12, class: "server" }));
+  y -= 20;
+  const bottom = y;
+  let last = y;
   for (const endpoint of state.endpoints) {
-    parts.push(wire(165, y - 6, 165, y + 18, endpoint.link === true), port(endpoint, 40, y + 18));
-    y += 168;
-    for (const [title, lines] of hangingOn(endpoint, state.lan)) {
-      parts.push(wire(165, y, 165, y + 14, endpoint.link === true), hanging(title, lines, 40, y + 14));
-      y += 48 + 20 * lines.length;
+    last = y + 18 + portHeight / 2;
+    parts.push(wire(18, last, 40, last, endpoint.link === true), port(endpoint, 40, y + 18));
+    y += 18 + portHeight;
+    for (const what of hangingOn(endpoint, state.lan)) {
+      parts.push(wire(165, y, 165, y + 14, endpoint.link === true), hanging(what, 40, y + 14));
+      y += 58 + 20 * what[1].length;
     }
-    y += 6;
   }
-  return { width: 330, height: y + 10, parts };
+  parts.push(wire(18, bottom, 18, last, true));
+  return { width: 300, height: y + 10, parts };
 }
 
 function description(name, state) {
@@ -107,13 +120,14 @@ export function draw(place, name, state) {
   const isNarrow = place.clientWidth < 700;
   const key = JSON.stringify([name, state, isNarrow]);
   if (key === drawn) return;
-  const before = [...place.querySelectorAll("[data-text]")].map((node) => node.textContent);
+  const before = [...place.querySelectorAll("[data-text]")].map((node) => node.dataset.text);
   drawn = key;
   const { width, height, parts } = (isNarrow ? narrow : wide)(name, state);
-  const picture = shape("svg", { viewBox: `0 0 ${width} ${height}`, role: "img", "aria-label": description(name, state) },
+  const picture = shape("svg", { viewBox: `0 0 ${width} ${height}`, class: isNarrow ? "narrow" : "wide",
+    role: "img", "aria-label": description(name, state) },
     parts);
   place.replaceChildren(picture);
   const now = [...picture.querySelectorAll("[data-text]")];
   if (before.length === now.length) // the same places: what differs has changed
-    now.forEach((node, i) => node.classList.toggle("flash", node.textContent !== before[i]));
+    now.forEach((node, i) => node.classList.toggle("flash", node.dataset.text !== before[i]));
 }
