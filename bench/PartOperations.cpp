@@ -2,7 +2,7 @@
 
 #include "config/CCOrxConfig.hpp"
 #include "lanendpoint/ORX_LANEndpointAPI.hpp"
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 #include <benchmark/benchmark.h>
 
@@ -62,7 +62,7 @@ Operation resolverReading()
                                     "nameserver 10.0.0.3\n"};
     return {"resolver image, three lines",
             [lines, domain = String("site.example")] {
-                ResolverImage image;
+                ResolverText image;
                 for (const String& line : lines)
                     benchmark::DoNotOptimize(image.addLine(line, domain));
             },

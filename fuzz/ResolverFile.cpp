@@ -2,7 +2,7 @@
 #include "Targets.hpp"
 #include "World.hpp"
 #include "lansetting/ORX_LANSetting.hpp"
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 #include <string>
 
@@ -19,9 +19,9 @@ bool isText(std::string_view input)
     return input.find('\0') == std::string_view::npos;
 }
 
-ResolverImage imageOf(const String& content)
+ResolverText imageOf(const String& content)
 {
-    ResolverImage image;
+    ResolverText image;
     const std::string text = content.c_str();
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t lineBreak = text.find('\n', begin);
@@ -35,8 +35,8 @@ ResolverImage imageOf(const String& content)
 
 void checkImage(const String& content)
 {
-    const ResolverImage image = imageOf(content);
-    const ResolverImage again = imageOf(image.contents);
+    const ResolverText image = imageOf(content);
+    const ResolverText again = imageOf(image.contents);
     fuzz::expect(again.contents == image.contents, "what is kept is kept when it is read again");
     fuzz::expect(again.primaryDNS == image.primaryDNS && again.secondaryDNS == image.secondaryDNS,
                  "what is kept names the same servers");

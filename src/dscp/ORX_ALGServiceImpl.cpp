@@ -1,6 +1,6 @@
 #include "dscp/ORX_ALGServiceImpl.hpp"
 
-#include "dscp/MarkingRegistry.hpp"
+#include "dscp/StoredMarking.hpp"
 #include "dscp/dscLog.hpp"
 
 namespace

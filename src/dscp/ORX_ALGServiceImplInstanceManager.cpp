@@ -1,8 +1,8 @@
 #include "dscp/ORX_ALGServiceImplInstanceManager.hpp"
 
 #include "dscp/MarkingFlow.hpp"
-#include "dscp/MarkingRegistry.hpp"
 #include "dscp/ORX_ALGServiceImpl.hpp"
+#include "dscp/StoredMarking.hpp"
 #include "dscp/dscLog.hpp"
 
 namespace

@@ -153,10 +153,10 @@ void ORX_LANSetting::readDomainName()
 
 void ORX_LANSetting::readNameServers()
 {
-    ResolverImage image = readResolverFile(domainName);
-    primaryDNS = std::move(image.primaryDNS);
-    secondaryDNS = std::move(image.secondaryDNS);
-    resolvContents = std::move(image.contents);
+    ResolverText text = readResolverFile(domainName);
+    primaryDNS = std::move(text.primaryDNS);
+    secondaryDNS = std::move(text.secondaryDNS);
+    resolvContents = std::move(text.contents);
 }
 
 void ORX_LANSetting::readRouterPresence()

@@ -12,17 +12,17 @@ namespace
 constexpr std::size_t lineBuffer = 1024; ///< 1023 characters and the NUL; a longer line arrives in pieces
 }
 
-ResolverImage readResolverFile(const String& domainName)
+ResolverText readResolverFile(const String& domainName)
 {
-    ResolverImage image;
+    ResolverText text;
     const Stream file(std::fopen(resolveFile, "re"));
     if (!file)
-        return image;
+        return text;
     std::array<char, lineBuffer> line;
     while (std::fgets(line.data(), static_cast<int>(line.size()), file.get()) &&
-           image.addLine(line.data(), domainName)) {
+           text.addLine(line.data(), domainName)) {
     }
-    return image;
+    return text;
 }
 
 bool writeResolverFile(const String& contents)

@@ -1,14 +1,14 @@
 #ifndef KV_LANSETTING_RESOLVERFILE_HPP
 #define KV_LANSETTING_RESOLVERFILE_HPP
 
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 /// The resolver's configuration, resolv.conf(5).
 inline constexpr char resolveFile[] = "/etc/resolv.conf";
 
 /// What is kept of the resolver file when the server's domain is `domainName`; nothing of one that cannot be
 /// opened.
-ResolverImage readResolverFile(const OpenWBEM::String& domainName);
+ResolverText readResolverFile(const OpenWBEM::String& domainName);
 
 /// Replaces the resolver file's contents. False when it cannot be opened.
 bool writeResolverFile(const OpenWBEM::String& contents);

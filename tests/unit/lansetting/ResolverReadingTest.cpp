@@ -1,6 +1,6 @@
 // What is kept of a resolver file, and which name servers are found in it.
 
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 #include <gtest/gtest.h>
 
@@ -26,9 +26,9 @@ std::ostream& operator<<(std::ostream& out, const Reading& reading)
 }
 
 /// Hands `file` over line by line, line breaks included, until no more is wanted.
-ResolverImage imageOf(const std::string& file, const char* domain)
+ResolverText imageOf(const std::string& file, const char* domain)
 {
-    ResolverImage image;
+    ResolverText image;
     std::size_t start = 0;
     while (start < file.size()) {
         const std::size_t end = std::min(file.find('\n', start), file.size() - 1) + 1;
@@ -45,7 +45,7 @@ class ResolverReading : public ::testing::TestWithParam<Reading>
 
 TEST_P(ResolverReading, OnAHostOfTheDomainSiteExample)
 {
-    const ResolverImage image = imageOf(GetParam().file, "site.example");
+    const ResolverText image = imageOf(GetParam().file, "site.example");
     EXPECT_EQ(image.contents.c_str(), GetParam().kept);
     EXPECT_EQ(image.primaryDNS.c_str(), GetParam().primary);
     EXPECT_EQ(image.secondaryDNS.c_str(), GetParam().secondary);
@@ -124,7 +124,7 @@ TEST(ResolverReadingWithoutADomain, ASearchLineWithoutADomainIsDroppedAllTheSame
 
 TEST(ResolverLine, SaysWhetherTheReadingGoesOn)
 {
-    ResolverImage image;
+    ResolverText image;
     EXPECT_TRUE(image.addLine("nameserver 10.0.0.1\n", "lan"));
     EXPECT_TRUE(image.addLine("nameserver 10.0.0.2\n", "lan"));
     EXPECT_TRUE(image.addLine("search lan\n", "lan"));

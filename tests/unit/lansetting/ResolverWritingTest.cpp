@@ -1,6 +1,6 @@
 // How a new domain or name server goes into the text that is kept of a resolver file.
 
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "lansetting/ResolverImage.hpp"
+#include "lansetting/ResolverText.hpp"
 
 #include <OW_Array.hpp>
 
@@ -42,7 +42,7 @@ std::size_t occurrence(const String& text, const char* word, int index)
 
 } // namespace
 
-bool ResolverImage::addLine(const String& line, const String& domainName)
+bool ResolverText::addLine(const String& line, const String& domainName)
 {
     if (line.startsWith("#")) {
         contents += line;
@@ -55,7 +55,7 @@ bool ResolverImage::addLine(const String& line, const String& domainName)
     return !contains(line, nameserverKeyword) || addNameserverLine(line);
 }
 
-void ResolverImage::addSearchLine(const String& line, const String& domainName)
+void ResolverText::addSearchLine(const String& line, const String& domainName)
 {
     const StringArray tokens = tokensOf(line);
     if (tokens.size() != 2)
@@ -63,7 +63,7 @@ void ResolverImage::addSearchLine(const String& line, const String& domainName)
     contents += tokens[1] == domainName ? line : "search\t" + domainName + "\n";
 }
 
-bool ResolverImage::addNameserverLine(const String& line)
+bool ResolverText::addNameserverLine(const String& line)
 {
     const StringArray tokens = tokensOf(line);
     if (tokens.size() != 2)

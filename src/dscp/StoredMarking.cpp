@@ -1,4 +1,4 @@
-#include "dscp/MarkingRegistry.hpp"
+#include "dscp/StoredMarking.hpp"
 
 #include "system/RegistryValue.hpp"
 

@@ -1,5 +1,5 @@
-#ifndef KV_LANSETTING_RESOLVERIMAGE_HPP
-#define KV_LANSETTING_RESOLVERIMAGE_HPP
+#ifndef KV_LANSETTING_RESOLVERTEXT_HPP
+#define KV_LANSETTING_RESOLVERTEXT_HPP
 
 #include <OW_config.h>
 
@@ -10,7 +10,7 @@
 
 /// What is kept of a resolver file: the lines that a later write starts from, and the first two name servers
 /// (dotted IPv4 text as it stands in the file, or empty).
-struct ResolverImage {
+struct ResolverText {
     OpenWBEM::String contents;
     OpenWBEM::String primaryDNS;
     OpenWBEM::String secondaryDNS;
