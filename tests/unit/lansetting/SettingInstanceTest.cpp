@@ -2,6 +2,8 @@
 
 #include "SettingRequests.hpp"
 
+#include <OW_CIMQualifier.hpp>
+
 namespace
 {
 
