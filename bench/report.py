@@ -12,6 +12,7 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "tests/support/python"))
 
 import answer_times  # noqa: E402
+import client_times  # noqa: E402
 from kernel_calls import EXPECTED, KV_BENCH, calls, instructions, output_of  # noqa: E402
 
 PROCESSES = 5
@@ -21,6 +22,7 @@ RATIO_GOAL = 1.15
 SETTING_RATIO_GOAL = 1.5  # its switches are read by a configuration store each, which is kept simple
 MILLISECOND_GOALS = {"GetInstance ORX_LANEndpoint eth1": 1.0, "GetInstance ORX_LANServiceSetting": 1.0,
                      "GetInstance ORX_ALGService": 1.0, "EnumerateInstances ORX_LANEndpoint": 1.5}
+SHOW_RATIO_GOAL, SHOW_REQUESTS_GOAL, SHOW_IN_PIECES_GOAL = 2, 5, 100  # the last in milliseconds
 
 
 def table(title, head, rows):
@@ -126,6 +128,19 @@ def report_answers():
     table("Start and memory of the object manager with the library", ["what", "value"], facts)
 
 
+def report_show():
+    count, whole, pieces = client_times.measure()
+    ratio, shown = whole[0][0] / whole[1][0], pieces[0][0]
+    goals = {("kv-cimom", 0): f"{SHOW_RATIO_GOAL} x curl: {ratio:.2f}, {goal(ratio < SHOW_RATIO_GOAL)}",
+             ("in pieces", 0): f"{SHOW_IN_PIECES_GOAL} ms {goal(shown < SHOW_IN_PIECES_GOAL)}"}
+    clients = ("lanctl show", "curl", "a running process", "the same, slow to acknowledge")
+    table(f"lanctl show: {count} requests (goal {SHOW_REQUESTS_GOAL} {goal(count <= SHOW_REQUESTS_GOAL)}), and the same from bare clients",
+          ["answers", "client", "median", "its processor time", "goal"],
+          [[server, client, f"{taken:.1f} ms", f"{used:.1f} ms" if used else "-", goals.get((server, number), "-")]
+           for server, times in (("kv-cimom", whole), ("in pieces", pieces))
+           for number, (client, (taken, used)) in enumerate(zip(clients, times))])
+
+
 def main():
     machine()
     same = report_queries()
@@ -133,6 +148,7 @@ def main():
     same &= report_reads(times)
     report_parts(times)
     report_answers()
+    report_show()
     machine()
     if not same:
         print("\nSome operation makes other system calls than it should.")

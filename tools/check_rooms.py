@@ -1,40 +1,42 @@
-"""Holds the includes of src/ to the table of rooms in docs/architecture.md, so that neither changes without the other.
+"""Holds the includes of src/ and client/ to the tables of rooms in docs/architecture.md, so that neither changes without the
+other.
 
 usage: check_rooms.py [ROOT]   (the root of the project; prints one line for each breach and exits with 1 if there is one)
 
-A room is a folder of src/. Its row of the table says in backquotes which rooms, or which single headers, it may include:
+A room is a folder of one of these two trees, which know nothing of each other. Its row of the table says in backquotes which
+rooms, or which single headers, of its tree it may include:
 
     | `src/lansetting` | ... | `config`, `lanendpoint/ORX_LANEndpointAPI.hpp` |
 
-"everything in `src`" allows all, "nothing of the project" none. What a row allows must be used, too. In src/ a project's header is
-named by its room, in quotation marks; angle brackets are for the headers of others. Each source has a header of its name, except for the entry points, which only
-the object manager calls.
+"everything in `src`" allows all, "nothing of the project" none. What a row allows must be used, too. A header of the project is
+named by its room, in quotation marks; angle brackets are for the headers of others. In src/ each source has a header of its name,
+except for the entry points, which only the object manager calls.
 """
 import pathlib
 import re
 import sys
 
 DOCUMENT = "docs/architecture.md"
-ROW = re.compile(r"^\| `src/(\w+)` \|[^|]*\|([^|]*)\|$")
+TREES = ("src", "client")
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)')
 ENTRY_POINTS = "OW_PROVIDERFACTORY("
-EVERYTHING, NOTHING = "everything in `src`", "nothing of the project"
+NOTHING = "nothing of the project"
 
 
-def allowed_includes(document):
-    """What each room may include: a set of rooms and headers, or None for everything."""
+def allowed_includes(document, tree):
+    """What each room of the tree may include: a set of rooms and headers, or None for everything."""
     rooms = {}
     for line in document.splitlines():
-        if row := ROW.match(line):
+        if row := re.match(rf"^\| `{tree}/(\w+)` \|[^|]*\|([^|]*)\|$", line):
             room, cell = row[1], row[2].strip()
-            if cell == EVERYTHING:
+            if cell == f"everything in `{tree}`":
                 rooms[room] = None
             else:
                 rooms[room] = set(re.findall(r"`([^`]+)`", cell))
                 if not rooms[room] and cell != NOTHING:
                     raise SystemExit(f"{DOCUMENT}: the row of {room} says nothing that can be checked: {cell}")
     if not rooms:
-        raise SystemExit(f"{DOCUMENT}: there is no table of rooms")
+        raise SystemExit(f"{DOCUMENT}: there is no table of the rooms of {tree}")
     return rooms
 
 
@@ -45,17 +47,17 @@ def includes(source):
             yield number, found[1], found[2]
 
 
-def check_includes(src, source, allowed, used):
+def check_includes(tree, source, allowed, used):
     """The breaches of one file; what it uses of its room's row is added to `used`."""
     own = source.parent.name
     for number, quoted, bracketed in includes(source):
-        place = f"src/{source.relative_to(src)}:{number}"
+        place = f"{source.relative_to(tree.parent)}:{number}"
         if bracketed:
-            if (src / bracketed).exists() or (source.parent / bracketed).exists():
+            if (tree / bracketed).exists() or (source.parent / bracketed).exists():
                 yield f'{place}: <{bracketed}> is a header of the project: "room/Header.hpp"'
             continue
         room, _, header = quoted.partition("/")
-        if "/" in header or not (src / room / header).is_file() or not header:
+        if "/" in header or not (tree / room / header).is_file() or not header:
             yield f'{place}: "{quoted}" names no header by its room'
         elif room != own and allowed is not None:
             used |= {room, quoted} & allowed
@@ -63,21 +65,35 @@ def check_includes(src, source, allowed, used):
                 yield f"{place}: {DOCUMENT} does not allow {own} to include {quoted}"
 
 
-def check(root):
-    src = root / "src"
-    rooms = allowed_includes((root / DOCUMENT).read_text())
-    folders = {folder.name for folder in src.iterdir() if folder.is_dir()}
+def lacks_header(source):
+    return (source.suffix == ".cpp" and not source.with_suffix(".hpp").exists()
+            and ENTRY_POINTS not in source.read_text())
+
+
+def check_tree(root, name):
+    tree = root / name
+    rooms = allowed_includes((root / DOCUMENT).read_text(), name)
+    folders = {folder.name for folder in tree.iterdir() if any(map(is_source, folder.rglob("*")))}
     for room in sorted(folders ^ set(rooms)):
-        yield f"src/{room}: {'no row' if room in folders else 'no folder, but a row'} in {DOCUMENT}"
+        yield f"{name}/{room}: {'no row' if room in folders else 'no folder, but a row'} in {DOCUMENT}"
     for room in sorted(folders & set(rooms)):
         used = set()
-        sources = sorted(source for source in (src / room).rglob("*") if source.suffix in (".cpp", ".hpp"))
-        for source in sources:
-            yield from check_includes(src, source, rooms[room], used)
-            if source.suffix == ".cpp" and source.with_suffix(".hpp") not in sources and ENTRY_POINTS not in source.read_text():
-                yield f"src/{source.relative_to(src)}: has no header of its name"
+        for source in sorted(filter(is_source, (tree / room).rglob("*"))):
+            yield from check_includes(tree, source, rooms[room], used)
+            if name == "src" and lacks_header(source):
+                yield f"{source.relative_to(root)}: has no header of its name"
         for unused in sorted((rooms[room] or set()) - used):
             yield f"{DOCUMENT}: {room} does not include {unused}"
+
+
+def is_source(path):
+    return path.suffix in (".cpp", ".hpp")
+
+
+def check(root):
+    for name in TREES:
+        if (root / name).is_dir():
+            yield from check_tree(root, name)
 
 
 def main(arguments):

@@ -12,6 +12,11 @@ TABLE = """
 | `src/hall` | a room | `ground`, `garden/Gate.hpp` (the gate) |
 | `src/garden` | another | `ground` |
 | `src/ground` | the ground | nothing of the project |
+
+| folder | what lives there | may include |
+|---|---|---|
+| `client/shop` | its roof | everything in `client` |
+| `client/store` | its ground | nothing of the project |
 """
 
 FILES = {
@@ -28,13 +33,16 @@ FILES = {
 def project(tmp_path):
     for name, content in FILES.items():
         write(tmp_path, name, content)
+    write(tmp_path, "shop/Shop.cpp", '#include "store/Store.hpp"\n', tree="client")  # without a header of its name
+    write(tmp_path, "store/Store.hpp", "", tree="client")
+    (tmp_path / "client/completion").mkdir()  # no source, no room
     (tmp_path / "docs").mkdir()
     (tmp_path / "docs/architecture.md").write_text(TABLE)
     return tmp_path
 
 
-def write(project, name, content):
-    path = project / "src" / name
+def write(project, name, content, tree="src"):
+    path = project / tree / name
     path.parent.mkdir(parents=True, exist_ok=True)
     path.write_text(content)
 
@@ -79,6 +87,22 @@ def test_a_folder_without_a_row_and_a_row_without_a_folder_are_reported(project)
     (project / "docs/architecture.md").write_text(TABLE + "| `src/attic` | an attic | nothing of the project |\n")
     assert breaches(project) == ("src/attic: no folder, but a row in docs/architecture.md\n"
                                  "src/cellar: no row in docs/architecture.md\n")
+
+
+@pytest.mark.parametrize("include, said", [
+    ('"shop/Shop.hpp"', "docs/architecture.md does not allow store to include shop/Shop.hpp"),
+    ('"ground/Ground.hpp"', '"ground/Ground.hpp" names no header by its room'),
+    ("<store/Store.hpp>", '<store/Store.hpp> is a header of the project: "room/Header.hpp"'),
+])
+def test_the_client_is_held_to_a_table_of_its_own(project, include, said):
+    write(project, "shop/Shop.hpp", "", tree="client")
+    write(project, "store/Shelf.cpp", f"#include {include}\n", tree="client")
+    assert breaches(project) == f"client/store/Shelf.cpp:1: {said}\n"
+
+
+def test_a_room_of_the_client_without_a_row_is_reported(project):
+    write(project, "yard/Yard.hpp", "", tree="client")
+    assert breaches(project) == "client/yard: no row in docs/architecture.md\n"
 
 
 def test_entry_points_need_no_header(project):

@@ -71,7 +71,8 @@ class Manager:
 class Client:
     """One connection that is kept alive. Requests can be made beforehand and sent often."""
 
-    def __init__(self, port):
+    def __init__(self, port, acknowledge_at_once=True):
+        self.acknowledge_at_once = acknowledge_at_once
         self.socket = socket.create_connection(("127.0.0.1", port), timeout=120)
         self.socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
 
@@ -94,7 +95,8 @@ class Client:
 
     def _more(self):
         # OpenWBEM sends an answer in small pieces and waits for the acknowledgement of one before the next.
-        self.socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_QUICKACK, 1)
+        if self.acknowledge_at_once:
+            self.socket.setsockopt(socket.IPPROTO_TCP, socket.TCP_QUICKACK, 1)
         part = self.socket.recv(65536)
         if not part:
             raise RuntimeError("the object manager has closed the connection")
