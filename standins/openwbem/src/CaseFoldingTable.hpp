@@ -9,8 +9,8 @@ struct CaseFolding {
     const char* folded; // one or more
 };
 
-// The entries of Unicode 4.0's CaseFolding.txt, of every status, but for those within ASCII. Where a letter has
-// several, the longest comes first.
+// The entries of Unicode 4.0's CaseFolding.txt, of every status, but for those within ASCII. Where a letter
+// has several, the longest comes first.
 // clang-format off
 const CaseFolding CASE_FOLDINGS[] = {
     {"I", "\u0131"}, {"\u00B5", "\u03BC"}, {"\u00C0", "\u00E0"}, {"\u00C1", "\u00E1"}, {"\u00C2", "\u00E2"},
