@@ -189,6 +189,12 @@ lane_phy() {
     /usr/bin/python3 -m pytest -q --junitxml="$results/phy.xml" tests/phy
 }
 
+lane_fleet() {
+    ensure_packages packages-fleet.txt
+    build dev --target LANProvider kv-cimom kv_netfilter lanctl
+    /usr/bin/python3 -m pytest -q -n "$jobs" --junitxml="$results/fleet.xml" tests/fleet
+}
+
 # on_server LANE TEST BUILD ARGUMENT...: tests/TEST.py on a disposable server, which keeps its state to itself whatever the
 # caller's environment says. The test's closing lines begin with its name.
 on_server() {
