@@ -8,12 +8,14 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <system_error>
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace lanctl::wayback
 {
@@ -24,6 +26,14 @@ namespace
 constexpr char changedWord = 'c';
 constexpr char dismissWord = 'd';
 
+std::vector<int> openDescriptors()
+{
+    std::vector<int> numbers;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+        numbers.push_back(std::stoi(entry.path().filename()));
+    return numbers;
+}
+
 /// Leaves the terminal, the working directory and everything else that the starting process has open.
 void stepAside(int channel, int lock)
 {
@@ -32,9 +42,8 @@ void stepAside(int channel, int lock)
     const int nothing = open("/dev/null", O_RDWR);
     for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         dup2(nothing, standard);
-    const auto most = static_cast<int>(sysconf(_SC_OPEN_MAX));
-    for (int descriptor = STDERR_FILENO + 1; descriptor < most; ++descriptor)
-        if (descriptor != channel && descriptor != lock)
+    for (const int descriptor : openDescriptors())
+        if (descriptor > STDERR_FILENO && descriptor != channel && descriptor != lock)
             close(descriptor);
     if (chdir("/") != 0)
         return; // then the folder that it was started in stays in use, no more
@@ -49,7 +58,8 @@ bool isToGuard(int channel)
     return word != dismissWord;
 }
 
-void guard(const Task& task)
+/// The closed channel tells the other side that the countdown can be seen.
+void guard(const Task& task, int channel)
 {
     Surroundings surroundings;
     surroundings.now = sinceBoot;
@@ -57,7 +67,10 @@ void guard(const Task& task)
     surroundings.takeBack = [&task] {
         return takeBack(task.connection, task.ways, task.hardware, task.former);
     };
-    GuardLoop(task.history, task.number, task.countdown, surroundings).run();
+    GuardLoop loop(task.history, task.number, task.countdown, surroundings);
+    loop.start();
+    close(channel);
+    loop.run();
 }
 
 /// The guard's process. It never returns into the code that started it.
@@ -66,7 +79,7 @@ void guard(const Task& task)
     try {
         stepAside(channel, lock);
         if (isToGuard(channel))
-            guard(task);
+            guard(task, channel);
         _exit(EXIT_SUCCESS);
     } catch (...) {
         _exit(EXIT_FAILURE); // the entry stays open, and `lanctl status` shows it
@@ -113,6 +126,9 @@ Guard::~Guard()
 void Guard::changed()
 {
     tell(changedWord);
+    char nothing = 0;
+    while (read(m_channel, &nothing, 1) < 0 && errno == EINTR) {
+    }
 }
 
 void Guard::dismiss()

@@ -80,6 +80,13 @@ GuardLoop::GuardLoop(const History& history, int number, milliseconds countdown,
     m_progress.number = number;
 }
 
+void GuardLoop::start()
+{
+    m_progress.phase = Progress::Phase::Waiting;
+    m_progress.until = m_surroundings.now() + m_countdown;
+    writeProgress(m_folder, m_progress);
+}
+
 void GuardLoop::run()
 {
     if (confirmedInTime())
@@ -90,9 +97,6 @@ void GuardLoop::run()
 
 bool GuardLoop::confirmedInTime()
 {
-    m_progress.phase = Progress::Phase::Waiting;
-    m_progress.until = m_surroundings.now() + m_countdown;
-    writeProgress(m_folder, m_progress);
     while (m_surroundings.now() < m_progress.until) {
         if (m_folder.remove(requests::confirm))
             return true;

@@ -56,6 +56,9 @@ class GuardLoop
   public:
     GuardLoop(const History& history, int number, milliseconds countdown, Surroundings surroundings);
 
+    /// Starts the countdown. Others see it when this returns.
+    void start();
+
     /// Ends with the entry's result set.
     void run();
 

@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # Sourced by object-manager: an installed OpenWBEM as a private instance on the disposable server, beside whatever the machine
 # itself runs of it. The pid file's place is compiled into owcimomd; on the server, /var/run is the server's own.
-# shellcheck disable=SC2154 # here, library_dir, log, pid_file, port and unload_idle are object-manager's
+# shellcheck disable=SC2154 # address, here, library_dir, log, pid_file, port and unload_idle are object-manager's
 
 readonly instance=/run/openwbem
 readonly their_pid_file=/var/run/owcimomd.pid
@@ -26,7 +26,7 @@ owcimomd.provider_ifc_libs = $prefix/lib/openwbem/provifcs
 owcimomd.restart_on_error = false
 cppprovifc.prov_location = $instance/c++providers
 cppprovifc.prov_TTL = $idle_minutes
-http_server.listen_addresses = 127.0.0.1
+http_server.listen_addresses = $address
 http_server.http_port = $port
 http_server.https_port = -1
 http_server.use_digest = false

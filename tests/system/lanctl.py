@@ -14,7 +14,7 @@ LANCTL = pathlib.Path(os.environ.get("LANCTL", BUILD / "client/lanctl"))
 
 STATE = tempfile.TemporaryDirectory(prefix="lanctl-tests-")  # the states before changes
 
-DONE, NOT_AS_WANTED, USAGE, NO_ANSWER, DIFFERENCES = 0, 1, 2, 3, 10
+DONE, NOT_AS_WANTED, USAGE, NO_ANSWER, TAKEN_BACK, DIFFERENCES = 0, 1, 2, 3, 4, 10
 
 
 def environment(**more):

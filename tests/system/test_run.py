@@ -248,7 +248,7 @@ def test_missing_packages_stop_it_for_an_ordinary_user(tmp_path):
 def test_a_wrong_command_line_of_the_object_managers_companion_shows_its_usage(arguments):
     done = subprocess.run([WITH_OBJECT_MANAGER, *arguments], capture_output=True, text=True, check=False)
     assert (done.returncode, done.stdout) == (2, "")
-    assert done.stderr == "usage: with-object-manager [--port PORT] [--unload-idle] COMMAND [ARGUMENT...]\n"
+    assert done.stderr == "usage: with-object-manager [--address ADDRESS] [--port PORT] [--unload-idle] COMMAND [ARGUMENT...]\n"
 
 
 def test_the_object_manager_is_not_started_outside_of_the_server():

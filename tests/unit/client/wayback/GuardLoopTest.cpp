@@ -33,7 +33,9 @@ class GuardLoopTest : public testing::Test
             m_tries.push_back(m_now - m_start);
             return next < attempts.size() ? attempts[next++] : done();
         };
-        GuardLoop(m_history, m_number, 60s, surroundings).run();
+        GuardLoop loop(m_history, m_number, 60s, surroundings);
+        loop.start();
+        loop.run();
     }
 
     Result result() const { return m_history.entry(m_number)->result; }
