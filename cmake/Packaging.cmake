@@ -3,7 +3,9 @@
 set(CPACK_PACKAGE_NAME lanprovider)
 set(CPACK_PACKAGE_VENDOR "LANProvider maintainers")
 set(CPACK_PACKAGE_CONTACT "LANProvider maintainers <root@localhost>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+# A summary of all packages would be the first line of each.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_COMPONENT_PROVIDER_DESCRIPTION ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL provider debug)
 if(BUILD_CLIENT)

@@ -143,3 +143,11 @@ def test_the_client_package_asks_for_the_packages_of_the_libraries_that_it_needs
     depends = output_of("dpkg-deb", "-f", package(packages, "lanctl"), "Depends")
     assert {entry.split()[0] for entry in depends.strip().split(", ")} == {
         "libc6", "libcurl4", "libexpat1", "libgcc-s1", "libmicrohttpd12", "libstdc++6", "libyaml-cpp0.7"}
+
+
+@pytest.mark.parametrize("name, summary", [
+    ("lanprovider-standin", "LAN management provider for the OpenWBEM object manager"),
+    ("lanprovider-standin-dbgsym", "Debug symbols of libLANProvider.so"),
+    ("lanctl", "Shows, plans and changes the network of a telephony server over CIM-XML")])
+def test_each_debian_package_is_described_as_what_it_is(packages, name, summary):
+    assert output_of("dpkg-deb", "-f", package(packages, name), "Description") == f"{summary}\n"
