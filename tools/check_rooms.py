@@ -92,7 +92,7 @@ def is_source(path):
 
 def check(root):
     for name in TREES:
-        if (root / name).is_dir():
+        if any(map(is_source, (root / name).rglob("*"))):
             yield from check_tree(root, name)
 
 

@@ -117,7 +117,7 @@ sources() {
 lane_style() {
     local formatted tidied rooms=0 format=0 tidy=0
     formatted=$(sources . -regex '.*\.\(cpp\|hpp\|c\|h\)')
-    tidied=$(sources src tools standins/platform standins/cimom tests/support -name '*.cpp')
+    tidied=$(sources src client tools standins/platform standins/cimom tests/support -name '*.cpp')
     /usr/bin/python3 tools/check_rooms.py || rooms=$?
     record_result style rooms $rooms
     xargs -d '\n' clang-format-14 --dry-run --Werror <<<"$formatted" || format=$?
@@ -231,20 +231,30 @@ lane_tsan() {
     on_server tsan soak/threads tsan 20
 }
 
+# covered FOLDER LIMITS...: how much of the folder's sources the tests have run through. Branches that only an exception takes are
+# those of allocations and destructors all over.
+covered() {
+    local status=0 report=$results/coverage-$1
+    mkdir -p "$report"
+    gcovr -r . -j "$jobs" --filter "$1/" --exclude-throw-branches --exclude-unreachable-branches \
+        --html-details "$report/index.html" --txt "$report/lines.txt" --print-summary "${@:2}" \
+        "build/coverage/$1" build/coverage/tests >"$report/summary" || status=$?
+    sed -nE "s/^(lines|branches)/   $1: &/p" "$report/summary" >>"$results/coverage.note"
+    return $status
+}
+
+# What the client's commands do is seen by the system tests that run it.
 lane_coverage() {
     local status=0
     ensure_packages packages-coverage.txt
-    build coverage --target product_tests
+    build dev --target LANProvider kv-cimom kv_netfilter
+    build coverage --target product_tests client_tests lanctl
     find build/coverage -name '*.gcda' -delete # what earlier runs have covered
-    run_unit_tests coverage coverage -L product
-    # Branches that only an exception takes are those of allocations and destructors all over.
-    mkdir -p "$results/coverage-html"
-    gcovr -r . -j "$jobs" --filter src/ --exclude-throw-branches --exclude-unreachable-branches \
-        --html-details "$results/coverage-html/index.html" --txt "$results/coverage.txt" --print-summary \
-        --fail-under-line 98 --fail-under-branch 95 build/coverage/src build/coverage/tests \
-        >"$results/coverage.summary" || status=$?
-    note "$(grep '^lines' "$results/coverage.summary")"
-    note "$(grep '^branches' "$results/coverage.summary")"
+    run_unit_tests coverage coverage -L 'product|client'
+    LANCTL=$PWD/build/coverage/client/lanctl /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup \
+        --junitxml="$results/coverage-lanctl.xml" tests/system/test_lanctl*.py || status=$?
+    covered src --fail-under-line 98 --fail-under-branch 95 || status=$?
+    covered client --fail-under-line 95 || status=$?
     return $status
 }
 

@@ -21,7 +21,7 @@ def project(tmp_path):
     shutil.copy(CHECKOUT / "test", tmp_path)
     shutil.copytree(CHECKOUT / "tools", tmp_path / "tools", ignore=shutil.ignore_patterns("*.?pp"))
     (tmp_path / "packages.txt").write_text("bash\n")
-    for directory in ("src/room", "docs", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
+    for directory in ("src/room", "client", "docs", "standins/platform", "standins/cimom", "tests/support", "tests/data", "build"):
         (tmp_path / directory).mkdir(parents=True)
     for source in ("src/room/one.cpp", "src/room/one.hpp", "tests/data/recorded.c", "build/made.cpp"):
         (tmp_path / source).touch()
@@ -190,7 +190,8 @@ def test_the_lane_of_an_installed_openwbem_builds_tests_tours_and_serves(with_op
     monkeypatch.chdir(with_openwbem.parent)
     monkeypatch.setenv("KV_STATE_DIR", str(with_openwbem))
     done = run(with_openwbem, "--openwbem", f"{with_openwbem.name}/installed")
-    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "3 passed, 0 failed"), done.stdout
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "4 passed, 0 failed"), done.stdout
+    assert "   run: all came true\n" in done.stdout
     assert "   tour: all came true\n" in done.stdout
     assert (with_openwbem / "build/logs/openwbem-tour.log").read_text().startswith(
         f"{with_openwbem}/installed {with_openwbem}/build/openwbem \n")
@@ -208,13 +209,40 @@ def test_a_part_of_that_lane_that_fails_does_not_hide_the_others(with_openwbem, 
     done = run(with_openwbem, "--openwbem", str(with_openwbem / "installed"))
     assert (done.returncode, "== failed: openwbem" in done.stdout) == (1, True)
     assert done.stdout.splitlines()[-1] == {
-        "ctest": "3 passed, 0 failed", "tour": "1 passed, 2 failed", "system": "2 passed, 1 failed"}[part]
+        "ctest": "4 passed, 0 failed", "tour": "1 passed, 3 failed", "system": "3 passed, 1 failed"}[part]
 
 
 def test_the_lane_of_an_openwbem_that_is_not_installed_is_refused(project):
     done = run(project, "--openwbem", "/nowhere")
     assert (done.returncode, done.stdout) == (
         2, "test: --openwbem needs the prefix of an installation: no owcimomd in /nowhere/sbin\n")
+
+
+@pytest.fixture
+def with_coverage(project):
+    """The project with what the lane of coverage calls, and a test of the client."""
+    (project / "packages-coverage.txt").write_text("bash\n")
+    (project / "build/coverage").mkdir()
+    play(project, "ctest", 'echo "ctest $*" >>called')
+    play(project, "gcovr", 'echo "lines: 96.0% (96 out of 100)"')
+    (project / "tests/system").mkdir()
+    (project / "tests/system/test_lanctl_played.py").write_text(
+        f"import os\n\ndef test_played():\n    assert os.environ['LANCTL'] == '{project}/build/coverage/client/lanctl'\n")
+    return project
+
+
+def test_the_lane_of_coverage_counts_product_and_client(with_coverage):
+    done = run(with_coverage, "--coverage")
+    assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "1 passed, 0 failed"), done.stdout
+    for part in ("src", "client"):
+        assert f"   {part}: lines: 96.0% (96 out of 100)\n" in done.stdout
+
+
+@pytest.mark.parametrize("part", ["src", "client"])
+def test_too_little_coverage_of_either_fails_and_both_are_told(with_coverage, part):
+    play(with_coverage, "gcovr", f'echo "lines: 90.0% (9 out of 10)"; [[ $* != *" {part}/ "* ]]')
+    done = run(with_coverage, "--coverage")
+    assert (done.returncode, done.stdout.count(": lines: 90.0%"), "== failed: coverage" in done.stdout) == (1, 2, True)
 
 
 def test_it_may_be_started_through_a_link(project, tmp_path_factory):
