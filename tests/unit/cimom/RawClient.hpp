@@ -29,7 +29,7 @@ class RawClient
     RawClient& operator=(const RawClient&) = delete;
 
     bool send(const std::string& bytes); // false when the server does not take all of them
-    void endSending(); // the server sees the end of the stream
+    void endSending();                   // the server sees the end of the stream
     // The next response, up to its end or to the end of the connection.
     HttpReply receive();
     // Takes exactly these bytes off what arrives; they must come next.
