@@ -183,6 +183,26 @@ lane_openwbem() {
     return $failed
 }
 
+# The accessibility checker; once it is there, no network is needed.
+install_axe() {
+    local there=build/web
+    if [[ -e $there/node_modules/axe-core/axe.min.js ]] && cmp -s tests/web/package-lock.json $there/package-lock.json; then
+        return
+    fi
+    command -v npm >/dev/null || ensure_packages packages-web-npm.txt
+    mkdir -p $there
+    cp tests/web/package.json tests/web/package-lock.json $there/
+    npm ci --prefix $there --ignore-scripts --no-audit --no-fund
+}
+
+lane_web() {
+    ensure_packages packages-web.txt
+    install_axe
+    build dev --target lanctl LANProvider kv-cimom kv_netfilter
+    /usr/bin/python3 -m pytest -q -n "$jobs" --junitxml="$results/web.xml" tests/web
+    note "the first picture stood after $(sed 's/.*\[\(.*\)\].*/\1/' "$results/web/first-picture.json") ms"
+}
+
 lane_phy() {
     ensure_packages packages-phy.txt
     build dev --target phy_guest

@@ -30,14 +30,15 @@ class Answer(NamedTuple):
 
 
 class Web:
-    """A running `lanctl web` for the server of that URL. Its history lies in the folder `state_home`."""
+    """A running `lanctl web` for the server of that URL, or for the one that its environment names. Its history lies in the folder `state_home`."""
 
     def __init__(self, server_url, state_home, *options, host="127.0.0.1", **more):
         self.port = free_port()
         self.host = f"127.0.0.1:{self.port}"
         self.environment = environment(XDG_STATE_HOME=str(state_home), **more)
         self.server_url = server_url
-        self.process = subprocess.Popen([LANCTL, "web", "--server", server_url, "--listen", f"{host}:{self.port}", *options],
+        server = ["--server", server_url] if server_url else []
+        self.process = subprocess.Popen([LANCTL, "web", *server, "--listen", f"{host}:{self.port}", *options],
                                         stdout=subprocess.PIPE, text=True, env=self.environment)
         self.said = self.process.stdout.readline()
         self.url = next((word for word in self.said.split() if word.startswith("http://")), "")

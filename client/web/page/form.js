@@ -1,7 +1,7 @@
 // The values: shown as they are, edited in place. An edited field keeps what the user typed while the server is followed.
 import { element } from "./element.js";
 import { markNames, objectsOf } from "./fields.js";
-import { linkWord } from "./words.js";
+import { linkWord, sentences } from "./words.js";
 
 const edited = new Map(); // "eth1 mtu" -> the value that is wanted
 const inputs = new Map(); // "eth1 mtu" -> {box, input, message, hint, value}
@@ -59,7 +59,8 @@ function makeField(object, field, isReadOnly) {
   const message = element("p", { class: "message", id: `${name}-message`, role: "alert" });
   const hint = element("p", { class: "hint", id: `${name}-hint` });
   const box = element("div", { class: "field" }, element("label", { for: name }, field.label), input, message, hint);
-  input.addEventListener("input", () => noteEdit(id));
+  // Not everything that fills in a field for its user sends both.
+  for (const event of ["input", "change"]) input.addEventListener(event, () => noteEdit(id));
   inputs.set(id, { box, input, message, hint, value: null });
   return box;
 }
@@ -122,7 +123,7 @@ export function show(form, state, isReadOnly) {
 export function showPlan(plan) {
   const messages = new Map();
   for (const refusal of plan.refusals)
-    messages.set(idOf(refusal.object, refusal.key), [refusal.text, refusal.advice].filter(Boolean).join(" "));
+    messages.set(idOf(refusal.object, refusal.key), sentences(refusal.text, refusal.advice));
   for (const invalid of plan.invalid) messages.set(idOf(invalid.object, invalid.key), invalid.text);
   const hints = new Map();
   for (const note of plan.notes) hints.set(idOf(note.object, note.key), note.text);

@@ -4,7 +4,7 @@ import { byId, element, say } from "./element.js";
 import * as form from "./form.js";
 import { draw } from "./picture.js";
 import * as review from "./review.js";
-import { timeOfDay } from "./words.js";
+import { sentences, timeOfDay } from "./words.js";
 
 const followEvery = 2000;
 const planAfter = 250;
@@ -16,7 +16,7 @@ let countdownEnds = 0;
 let planTimer = 0;
 let lastResult = "";
 
-const explain = (error) => [error.message, error.advice].filter(Boolean).join(" ");
+const explain = (error) => sentences(error.message, error.advice);
 
 // --- following the server
 
@@ -24,7 +24,7 @@ function showReach(state) {
   document.body.classList.toggle("lost", !state.reached);
   byId("reach").className = state.reached ? "good" : "bad";
   say(byId("reach-text"), state.reached ? "Reached"
-    : `Not reached since ${timeOfDay(state.since)}. ${state.trouble} ${state.advice ?? ""}`.trim());
+    : sentences(`Not reached since ${timeOfDay(state.since)}`, state.trouble, state.advice));
 }
 
 function showState(state) {
@@ -40,7 +40,7 @@ function showState(state) {
   showWaiting(state);
 }
 
-async function follow() {
+async function look() {
   try {
     showState(await read("state"));
   } catch (error) {
@@ -49,6 +49,10 @@ async function follow() {
     showReach({ reached: false, since,
       trouble: error instanceof Failure ? explain(error) : "lanctl web does not answer." });
   }
+}
+
+async function follow() {
+  await look();
   setTimeout(follow, followEvery);
 }
 
@@ -184,6 +188,13 @@ async function carryOut(path, body) {
   }
 }
 
+// Leads from the change that was made to its confirmation.
+async function goToWaiting(wasTyped) {
+  if (wasTyped) discard();
+  await look();
+  byId("waiting").focus();
+}
+
 async function apply() {
   byId("plan-apply").disabled = true;
   byId("plan").close();
@@ -191,7 +202,7 @@ async function apply() {
   const answer = await carryOut(applied.path, applied.body);
   if (answer instanceof Failure && answer.status === 409 && answer.body?.plan)
     showReview(applied, answer.body.plan, explain(answer));
-  else if (answer.changed && applied.path === "apply") discard();
+  else if (answer.changed) await goToWaiting(applied.path === "apply");
 }
 
 // --- history

@@ -56,7 +56,7 @@ const group = ([title, lines], x, y) => [
 
 function hangingOn(endpoint, lan) {
   const list = [];
-  if (endpoint.gateway) list.push(["default gateway", [endpoint.gateway]]);
+  if (endpoint.gateway) list.push([endpoint.name === "eth1" ? "default gateway" : "gateway", [endpoint.gateway]]);
   const servers = [lan.dns1, lan.dns2].filter(Boolean);
   if (endpoint.name === "eth1" && servers.length) list.push(["DNS servers", servers]);
   return list;

@@ -1,6 +1,6 @@
 // The plan before it is applied: differences side by side, costs, what is refused.
 import { byId, element, say } from "./element.js";
-import { costs } from "./words.js";
+import { costs, sentences } from "./words.js";
 
 const orNone = (value) => value || "none";
 
@@ -25,7 +25,7 @@ export function showPlan(plan) {
     element("table", {},
       element("thead", {}, element("tr", {}, ["Value", "Now", "Then"].map((name) => element("th", { scope: "col" }, name)))),
       element("tbody", {}, plan.changes.map(changeRow))),
-    ...section("Refused", "refused", refused.map((part) => `${about(part)}: ${[part.text, part.advice].filter(Boolean).join(" ")}`)),
+    ...section("Refused", "refused", refused.map((part) => `${about(part)}: ${sentences(part.text, part.advice)}`)),
     ...(refused.length ? [] : section("Costs", "", costs(plan.costs))),
     ...section("The server warns", "warned", plan.warnings),
     ...section("This can cut the connection to the server", "warned", plan["can-cut"] ? [plan.connection] : []),
@@ -41,8 +41,8 @@ export function outcomeText(answer) {
     return ["Nothing was changed.", ...plan.refusals.map((refusal) => `${about(refusal)}: ${refusal.text}`)].join("\n");
   if (outcome.done) return "The change is in force.";
   const lines = [];
-  if (outcome.refused) lines.push(`${outcome.refused.object}: ${outcome.refused.text}. ${outcome.refused.advice}`);
-  for (const failure of [outcome.stopped, outcome.unread]) if (failure) lines.push(`${failure.text} ${failure.advice}`);
+  if (outcome.refused) lines.push(`${outcome.refused.object}: ${sentences(outcome.refused.text, outcome.refused.advice)}`);
+  for (const failure of [outcome.stopped, outcome.unread]) if (failure) lines.push(sentences(failure.text, failure.advice));
   for (const change of outcome.remaining)
     lines.push(`${about(change)} is ${orNone(change.from)}, not ${orNone(change.to)}.`);
   return lines.join("\n");

@@ -46,4 +46,8 @@ export function costs(impact) {
   return texts.length ? texts : ["no interruption"];
 }
 
+// Texts of the server have no full stop; one after the other they need one.
+export const sentences = (...texts) =>
+  texts.filter(Boolean).map((text) => (/[.!?…]$/.test(text) ? text : `${text}.`)).join(" ");
+
 export const timeOfDay = (text) => new Date(text).toLocaleTimeString();
