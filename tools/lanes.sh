@@ -240,6 +240,12 @@ lane_plan() {
     on_server plan plan/property dev "$1"
 }
 
+# lane_rollback SEQUENCES
+lane_rollback() {
+    build dev --target LANProvider kv-cimom kv_netfilter lanctl no_waiting
+    on_server rollback wayback/rollback dev "$1"
+}
+
 lane_storm() {
     build dev --target LANProvider LANProvider_serialising kv-cimom kv_netfilter
     on_server storm soak/storm dev 100000 serialising --parallel
