@@ -46,7 +46,7 @@ class Follower
   private:
     void run();
     void look();
-    Snapshot waitFor(std::chrono::steady_clock::time_point notBefore, std::chrono::milliseconds patience);
+    Snapshot waitFor(std::chrono::steady_clock::time_point notBefore, std::chrono::milliseconds longest);
 
     wire::ConnectionOptions m_options;
     std::optional<wire::Client> m_client;
