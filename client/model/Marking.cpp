@@ -91,6 +91,7 @@ std::optional<std::string_view> dscpName(std::uint16_t tosByte)
 std::vector<std::string_view> allDscpNames()
 {
     std::vector<std::string_view> names;
+    names.reserve(namedBytes.size());
     for (const auto& named : namedBytes)
         names.push_back(named.name);
     return names;
