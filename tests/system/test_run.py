@@ -1,6 +1,7 @@
 """./run shows the whole job, serves, or leaves a shell, as its help says."""
 import contextlib
 import fcntl
+import json
 import os
 import re
 import select
@@ -11,6 +12,7 @@ import subprocess
 import termios
 import textwrap
 import time
+import urllib.request
 
 import pytest
 
@@ -166,8 +168,8 @@ def read_until(terminal, text, seconds=60.0):
 
 
 @contextlib.contextmanager
-def serving(port):
-    process = subprocess.Popen([RUN, "serve", "--port", str(port)], stdout=subprocess.PIPE, text=True,
+def serving(port, page_port):
+    process = subprocess.Popen([RUN, "serve", "--port", str(port), "--page-port", str(page_port)], stdout=subprocess.PIPE, text=True,
                                stdin=subprocess.DEVNULL, start_new_session=True)
     try:
         yield process
@@ -185,13 +187,17 @@ def ask(port):
 
 @pytest.mark.parametrize("number, status", [(signal.SIGINT, 130), (signal.SIGHUP, 129)])
 def test_serving_answers_clients_of_this_machine_until_the_terminal_ends_it(number, status):
-    port = free_port()
-    with serving(port) as process:
+    port, page_port = free_port(), free_port()
+    with serving(port, page_port) as process:
         line = f"Serving http://127.0.0.1:{port}/root/cimv2 until you press Ctrl-C.\n"
         assert process.stdout.readline().startswith("Building ")
         assert process.stdout.readline() == line
         told = process.stdout.readline().removeprefix("In another terminal: ")
         assert "OAM LAN" in subprocess.run(["sh", "-c", told], capture_output=True, text=True, check=False).stdout
+        page = f"http://127.0.0.1:{page_port}/"
+        assert process.stdout.readline() == f"Showing 127.0.0.1:{port} at {page} until you press Ctrl-C.\n"
+        with urllib.request.urlopen(page + "api/state", timeout=30) as answer:
+            assert json.load(answer)["reached"]
         assert 'Name="eth2"' in ask(port)
         os.killpg(process.pid, number)
         assert process.wait(timeout=30) == status
@@ -199,14 +205,15 @@ def test_serving_answers_clients_of_this_machine_until_the_terminal_ends_it(numb
         socket.create_connection(("127.0.0.1", port), timeout=5)
 
 
-def test_a_port_that_is_taken_is_told_before_anything_is_built():
+@pytest.mark.parametrize("option, other", [("--port", "--page-port"), ("--page-port", "--port")])
+def test_a_port_that_is_taken_is_told_before_anything_is_built(option, other):
     with socket.socket() as taken:
         taken.bind(("127.0.0.1", 0))
         taken.listen()
         port = taken.getsockname()[1]
-        done = run("serve", "--port", str(port))
+        done = run("serve", option, str(port), other, str(free_port()))
     assert (done.returncode, done.stdout) == (1, "")
-    assert done.stderr == f"run: port {port} is taken on this machine; name another one with --port\n"
+    assert done.stderr == f"run: port {port} is taken on this machine; name another one with {option}\n"
 
 
 def test_a_state_directory_is_named_from_where_the_caller_is(tmp_path):
@@ -220,11 +227,12 @@ def test_a_state_directory_is_named_from_where_the_caller_is(tmp_path):
 def test_help_names_every_form():
     done = run("--help")
     assert done.returncode == 0
-    assert done.stdout.startswith("usage: ./run | ./run tour | ./run shell | ./run serve [--port N] | ./run bench | ./run --help\n")
+    assert done.stdout.startswith("usage: ./run | ./run tour | ./run shell | ./run serve [--port N] [--page-port N] | ./run bench | ./run --help\n")
 
 
 @pytest.mark.parametrize("arguments", [
     ["unknown"], [""], ["look"], ["--openwbem"], ["shell", "extra"], ["shell", "--port", "5988"], ["serve", "5988"], ["serve", "--port"],
+    ["serve", "--port", "8080"], ["serve", "--page-port", "x"],
     ["serve", "--openwbem"], ["shell", "--openwbem", ""], ["bench", "--openwbem", "/usr"],
     *(["serve", "--port", *values] for values in (["x"], ["5x"], ["5988", "junk"], ["0"], ["65536"], ["-1"], ["5988 junk"])),
 ])

@@ -244,6 +244,18 @@ def test_a_published_port_reaches_the_server_from_this_machine():
         socket.create_connection(("127.0.0.1", port), timeout=5)
 
 
+def test_several_ports_are_published_side_by_side():
+    with socket.create_server(("127.0.0.1", 0)) as one, socket.create_server(("127.0.0.1", 0)) as other:
+        ports = [probe.getsockname()[1] for probe in (one, other)]
+    with Server(options=[option for port in ports for option in ("--publish", str(port))]) as server:
+        for port in ports:
+            server.sh(f"mkdir /run/{port} && echo this is {port} >/run/{port}/which && busybox httpd -p 127.0.0.1:{port} -h /run/{port}")
+        for port in ports:
+            with socket.create_connection(("127.0.0.1", port), timeout=5) as connection:
+                connection.sendall(b"GET /which HTTP/1.0\r\n\r\n")
+                assert f"this is {port}\n".encode() in connection.makefile("rb").read()
+
+
 def test_a_port_that_is_taken_cannot_be_published():
     with socket.socket() as taken:
         taken.bind(("127.0.0.1", 0))
@@ -306,4 +318,4 @@ def test_a_system_log_that_does_not_start_is_told(tmp_path):
 def test_a_wrong_command_line_shows_the_usage(arguments):
     done = subprocess.run([RUN, *arguments], stderr=subprocess.PIPE, text=True, check=False)
     assert done.returncode == 2
-    assert done.stderr.startswith("usage: run [--publish PORT] COMMAND [ARGUMENT...]\n")
+    assert done.stderr.startswith("usage: run [--publish PORT]... COMMAND [ARGUMENT...]\n")
