@@ -135,7 +135,7 @@ lane_unit() {
 
 # Most of the time a system test waits, so there are more of them at once than processors.
 lane_system() {
-    build dev --target all cimom_SampleProvider shifted_clock
+    build dev --target all cimom_SampleProvider shifted_clock plan_probe no_waiting
     /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup --junitxml="$results/system.xml" tests/system
 }
 
