@@ -116,6 +116,8 @@ def reason(key, before, after):
         return "of an interface without a gateway while a router card is fitted"
     if what == "DefaultGateway" and not before[key]:
         return "a gateway where there was none"
+    if what == "isDhcpEnabled" and before[key] == "true" and not after[name, "DefaultGateway"]:
+        return "DHCP of an interface that has no gateway by now"
     if name.startswith("eth") and what not in ("isDhcpEnabled", "MaxDataSize") and before[name, "isDhcpEnabled"] == "true":
         return "of an interface that has DHCP"
     if what in ("IPAddress", "SubnetMask") and has_lost_its_network(name, before, after):
