@@ -162,20 +162,25 @@ std::vector<Entry> History::entries() const
     return entries;
 }
 
+/// The end of a change renames its entry, once: a look at that very moment misses it, the next one does not.
+std::optional<Entry> History::find(const std::function<bool(const Entry&)>& isWanted) const
+{
+    constexpr int looks = 2;
+    for (int i = 0; i < looks; ++i)
+        for (Entry& entry : entries())
+            if (isWanted(entry))
+                return std::move(entry);
+    return std::nullopt;
+}
+
 std::optional<Entry> History::entry(int number) const
 {
-    for (Entry& entry : entries())
-        if (entry.number == number)
-            return std::move(entry);
-    return std::nullopt;
+    return find([number](const Entry& entry) { return entry.number == number; });
 }
 
 std::optional<Entry> History::openEntry() const
 {
-    for (Entry& entry : entries())
-        if (entry.result == Result::Open)
-            return std::move(entry);
-    return std::nullopt;
+    return find([](const Entry& entry) { return entry.result == Result::Open; });
 }
 
 std::string History::formerStatePath(int number) const

@@ -7,6 +7,7 @@
 
 #include "wayback/Folder.hpp"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -70,6 +71,7 @@ class History
     std::string formerState(int number) const;
 
   private:
+    std::optional<Entry> find(const std::function<bool(const Entry&)>& isWanted) const;
     void prune() const;
 
     Folder m_folder;
