@@ -36,7 +36,7 @@ class Change
 
   private:
     Exit planned();
-    void tell(const std::string& text);
+    void tell(const std::string& text) const;
     void tellOutcome(const apply::Outcome& outcome, int number);
     wire::ConnectionOptions optionsOf(const ConnectionChoice& choice);
     void makePlan();
@@ -91,7 +91,7 @@ std::string Change::shownPlan()
     return text;
 }
 
-void Change::tell(const std::string& text)
+void Change::tell(const std::string& text) const
 {
     if (!m_agreement.json)
         std::cout << text << std::flush;

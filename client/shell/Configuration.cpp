@@ -42,7 +42,7 @@ bool isReadable(const std::string& path)
 /// The configuration file to use, or "" when there is none.
 std::string configurationPath(const std::string& chosen)
 {
-    const std::string named = chosen.empty() ? environment("LANCTL_CONFIG") : chosen;
+    std::string named = chosen.empty() ? environment("LANCTL_CONFIG") : chosen;
     if (!named.empty())
         return named;
     const std::string home = environment("XDG_CONFIG_HOME");

@@ -23,14 +23,14 @@ struct ConnectionChoice {
 
 /// Puts the choice, the environment (LANCTL_SERVER, LANCTL_PASSWORD) and the configuration file together;
 /// what the command line says counts most. Throws UsageError.
-wire::ConnectionOptions connectionOptions(const ConnectionChoice& choice);
+wire::ConnectionOptions connectionOptions(const ConnectionChoice& given);
 
 /// Throws UsageError when the URL is none.
 wire::ServerAddress serverAddress(const std::string& url);
 
 /// What the server is called in the history: its name in the configuration file, or its host and port. Throws
 /// UsageError.
-std::string serverLabel(const ConnectionChoice& choice);
+std::string serverLabel(const ConnectionChoice& given);
 
 /// The names of the configuration file's servers, for completion.
 std::vector<std::string> serverNames(const std::string& configFile);

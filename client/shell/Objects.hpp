@@ -13,7 +13,7 @@ namespace lanctl::shell
 /// "eth0", "eth1", "eth2", "lan" and "marking".
 std::vector<std::string> objectNames();
 
-/// Reads the objects of these names, one request a class; all objects when none is named.
-Shown readObjects(wire::Client& client, const std::vector<std::string>& names);
+/// Reads the objects of the given names, one request a class; all objects when none is given.
+Shown readObjects(wire::Client& client, const std::vector<std::string>& given);
 
 } // namespace lanctl::shell

@@ -136,7 +136,7 @@ void Guard::dismiss()
     tell(dismissWord);
 }
 
-void Guard::tell(char word)
+void Guard::tell(char word) const
 {
     // A guard that is gone has left its entry open, which is what the caller looks at.
     if (send(m_channel, &word, 1, MSG_NOSIGNAL) != 1)

@@ -46,7 +46,7 @@ class Guard
 
   private:
     explicit Guard(int channel) : m_channel(channel) {}
-    void tell(char word);
+    void tell(char word) const;
 
     int m_channel;
 };

@@ -43,7 +43,7 @@ std::string nameXml(const InstanceName& name)
 {
     std::string xml = "<INSTANCENAME CLASSNAME=\"" + escaped(name.className) + "\">";
     for (const auto& [key, text] : name.keys)
-        xml += "<KEYBINDING NAME=\"" + escaped(key) + "\"><KEYVALUE VALUETYPE=\"string\">" + escaped(text) +
+        xml += "<KEYBINDING NAME=\"" + escaped(key) + R"("><KEYVALUE VALUETYPE="string">)" + escaped(text) +
                "</KEYVALUE></KEYBINDING>";
     return xml + "</INSTANCENAME>";
 }
@@ -71,7 +71,8 @@ std::string pathText(const std::string& cimNamespace, const InstanceName& name)
     std::string text = cimNamespace + ":" + name.className;
     char separator = '.';
     for (const auto& [key, keyValue] : name.keys) {
-        text += separator + key + "=\"" + keyValue + "\"";
+        text += separator;
+        text.append(key).append("=\"").append(keyValue).append("\"");
         separator = ',';
     }
     return text;
@@ -125,7 +126,7 @@ Request RequestWriter::message(const std::string& method, const std::string& cal
     request.cimObject = percentEncoded(m_namespace);
     request.body = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
                    "<MESSAGE ID=\"" +
-                   request.id + "\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>" + call +
+                   request.id + R"(" PROTOCOLVERSION="1.0"><SIMPLEREQ>)" + call +
                    "</SIMPLEREQ></MESSAGE></CIM>\n";
     return request;
 }

@@ -32,6 +32,6 @@ struct ServerAddress {
 /// Without scheme it is http; without port 5988, or 5989 for https; without path root/cimv2. Throws
 /// BadServerAddress; a user or password has no place in it, as every user of the machine sees the command
 /// line.
-ServerAddress parseServerAddress(const std::string& url);
+ServerAddress parseServerAddress(const std::string& text);
 
 } // namespace lanctl::wire
