@@ -1,8 +1,8 @@
 #include "json/HistoryJson.hpp"
 
+#include "wayback/BootClock.hpp"
 #include "wayback/GuardLoop.hpp"
 #include "wayback/Lock.hpp"
-#include "wayback/Steady.hpp"
 
 namespace lanctl::json
 {

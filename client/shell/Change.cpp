@@ -7,7 +7,7 @@
 #include "shell/PlanText.hpp"
 #include "shell/Progress.hpp"
 #include "shell/Terminal.hpp"
-#include "wayback/Keeper.hpp"
+#include "wayback/RevocableChange.hpp"
 #include "json/PlanJson.hpp"
 
 #include <iostream>
@@ -45,7 +45,7 @@ class Change
     bool couldCutTheOnlyWay() { return m_agreement.revertVia.empty() && reach().couldCut(); }
     bool agreedByUser();
     Exit carryOut();
-    apply::Outcome carryOutKept(wayback::Keeper& keeper);
+    apply::Outcome carryOutRevocably(wayback::RevocableChange& revocable);
     Exit result(const apply::Outcome& outcome) const;
     apply::Observer observer();
 
@@ -170,15 +170,15 @@ Exit Change::carryOut()
     keeping.countdown = std::chrono::seconds(m_agreement.confirmSeconds);
     keeping.revertVia = m_agreement.revertVia;
     keeping.endsEntry = m_endsEntry;
-    wayback::Keeper keeper(history, keeping,
-                           {m_before, m_plan, m_options, m_client.connection().peerAddress()});
-    const apply::Outcome outcome = carryOutKept(keeper);
-    tellOutcome(outcome, keeper.number());
-    if (!keeper.carriedOut(outcome))
+    wayback::RevocableChange revocable(history, keeping,
+                                       {m_before, m_plan, m_options, m_client.connection().peerAddress()});
+    const apply::Outcome outcome = carryOutRevocably(revocable);
+    tellOutcome(outcome, revocable.number());
+    if (!revocable.carriedOut(outcome))
         return result(outcome);
     if (m_agreement.json)
         return result(outcome); // who reads JSON confirms by a command of its own
-    return waitForConfirmation(history, keeper.number(), result(outcome));
+    return waitForConfirmation(history, revocable.number(), result(outcome));
 }
 
 void Change::tellOutcome(const apply::Outcome& outcome, int number)
@@ -192,7 +192,7 @@ void Change::tellOutcome(const apply::Outcome& outcome, int number)
 }
 
 /// What fails before anything is sent is a change that never was.
-apply::Outcome Change::carryOutKept(wayback::Keeper& keeper)
+apply::Outcome Change::carryOutRevocably(wayback::RevocableChange& revocable)
 {
     try {
         apply::Outcome outcome =
@@ -201,7 +201,7 @@ apply::Outcome Change::carryOutKept(wayback::Keeper& keeper)
         return outcome;
     } catch (const wire::Failure& e) {
         if (e.kind() != wire::Failure::Kind::Cancelled)
-            keeper.nothingSent();
+            revocable.nothingSent();
         throw;
     }
 }

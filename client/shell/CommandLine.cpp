@@ -6,7 +6,7 @@
 #include "shell/Objects.hpp"
 #include "shell/Terminal.hpp"
 #include "wayback/Folder.hpp"
-#include "wayback/Keeper.hpp"
+#include "wayback/RevocableChange.hpp"
 #include "wire/Failure.hpp"
 
 #include <CLI/CLI.hpp>

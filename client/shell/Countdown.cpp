@@ -2,7 +2,7 @@
 
 #include "shell/Progress.hpp"
 #include "shell/Terminal.hpp"
-#include "wayback/Steady.hpp"
+#include "wayback/BootClock.hpp"
 
 #include <csignal>
 #include <iostream>

@@ -6,9 +6,9 @@
 #include "shell/Countdown.hpp"
 #include "shell/Table.hpp"
 #include "shell/Terminal.hpp"
+#include "wayback/BootClock.hpp"
 #include "wayback/GuardLoop.hpp"
-#include "wayback/Keeper.hpp"
-#include "wayback/Steady.hpp"
+#include "wayback/RevocableChange.hpp"
 #include "wayback/TakeBack.hpp"
 #include "json/HistoryJson.hpp"
 

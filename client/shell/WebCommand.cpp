@@ -1,7 +1,7 @@
 // lanctl web: the page, until somebody ends it.
 #include "shell/Commands.hpp"
 #include "shell/Terminal.hpp"
-#include "wayback/Keeper.hpp"
+#include "wayback/RevocableChange.hpp"
 #include "web/HttpServer.hpp"
 
 #include <csignal>

@@ -1,7 +1,7 @@
 #include "wayback/Guard.hpp"
 
+#include "wayback/BootClock.hpp"
 #include "wayback/GuardLoop.hpp"
-#include "wayback/Steady.hpp"
 #include "wayback/TakeBack.hpp"
 
 #include <array>

@@ -1,6 +1,6 @@
 #include "wayback/GuardLoop.hpp"
 
-#include "wayback/Steady.hpp"
+#include "wayback/BootClock.hpp"
 
 #include <algorithm>
 #include <array>

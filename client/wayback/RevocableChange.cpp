@@ -1,4 +1,4 @@
-#include "wayback/Keeper.hpp"
+#include "wayback/RevocableChange.hpp"
 
 #include "model/WantedText.hpp"
 #include "plan/Reach.hpp"
@@ -69,14 +69,14 @@ Entry entryOf(const Keeping& keeping, const Intention& intention)
 
 } // namespace
 
-Keeper::Keeper(const History& history, const Keeping& keeping, const Intention& intention)
+RevocableChange::RevocableChange(const History& history, const Keeping& keeping, const Intention& intention)
     : m_history(history), m_lock(lockOf(history)), m_endsEntry(keeping.endsEntry)
 {
     refuseSecondChange(m_history, keeping);
     begin(keeping, intention);
 }
 
-void Keeper::begin(const Keeping& keeping, const Intention& intention)
+void RevocableChange::begin(const Keeping& keeping, const Intention& intention)
 {
     forgetRequests(m_history.folder());
     const std::string former = model::exportedText(intention.before);
@@ -97,14 +97,14 @@ void Keeper::begin(const Keeping& keeping, const Intention& intention)
     }
 }
 
-void Keeper::nothingSent()
+void RevocableChange::nothingSent()
 {
     if (m_guard)
         m_guard->dismiss();
     m_history.end(m_number, Result::NotAsWanted);
 }
 
-bool Keeper::carriedOut(const apply::Outcome& outcome)
+bool RevocableChange::carriedOut(const apply::Outcome& outcome)
 {
     if (outcome.done() && m_endsEntry)
         m_history.end(*m_endsEntry, Result::TakenBack);

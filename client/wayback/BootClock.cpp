@@ -1,4 +1,4 @@
-#include "wayback/Steady.hpp"
+#include "wayback/BootClock.hpp"
 
 #include <algorithm>
 #include <ctime>

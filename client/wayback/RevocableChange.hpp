@@ -42,12 +42,12 @@ struct Intention {
     std::string peerAddress;
 };
 
-class Keeper
+class RevocableChange
 {
   public:
     /// Keeps the former state and starts the guard, if there is to be a countdown. Throws AnotherChange,
     /// FolderError and std::system_error; nothing may be sent then.
-    Keeper(const History& history, const Keeping& keeping, const Intention& intention);
+    RevocableChange(const History& history, const Keeping& keeping, const Intention& intention);
 
     int number() const { return m_number; }
 

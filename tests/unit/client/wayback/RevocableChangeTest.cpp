@@ -1,4 +1,4 @@
-#include "wayback/Keeper.hpp"
+#include "wayback/RevocableChange.hpp"
 
 #include "../plan/Server.hpp"
 #include "TemporaryFolder.hpp"
@@ -17,24 +17,24 @@ using namespace std::chrono_literals;
 using plan::server;
 
 /// A change of eth1's MTU on a server that nobody reaches.
-class KeeperTest : public testing::Test
+class RevocableChangeTest : public testing::Test
 {
   protected:
-    KeeperTest()
+    RevocableChangeTest()
     {
         model::want(m_wanted, "eth1", "mtu", "1400");
         m_plan = plan::plan(m_before, m_wanted);
         m_connection.server = wire::parseServerAddress("http://127.0.0.1:1");
     }
 
-    Keeper keeper(std::chrono::seconds countdown = 0s, std::optional<int> endsEntry = {})
+    RevocableChange revocable(std::chrono::seconds countdown = 0s, std::optional<int> endsEntry = {})
     {
         Keeping keeping;
         keeping.server = "pbx1";
         keeping.countdown = countdown;
         keeping.revertVia = {"http://172.16.2.1:5988"};
         keeping.endsEntry = endsEntry;
-        return Keeper(m_history, keeping, {m_before, m_plan, m_connection, "10.0.0.5"});
+        return RevocableChange(m_history, keeping, {m_before, m_plan, m_connection, "10.0.0.5"});
     }
 
     static apply::Outcome notAsWanted()
@@ -62,9 +62,9 @@ class KeeperTest : public testing::Test
     wire::ConnectionOptions m_connection;
 };
 
-TEST_F(KeeperTest, TheFormerStateIsKeptBeforeAnythingIsSent)
+TEST_F(RevocableChangeTest, TheFormerStateIsKeptBeforeAnythingIsSent)
 {
-    const Keeper kept = keeper();
+    const RevocableChange kept = revocable();
     const Entry entry = *m_history.openEntry();
     EXPECT_EQ(entry.number, kept.number());
     EXPECT_THAT(entry.plan, testing::ElementsAre("eth1 mtu: 1500 -> 1400"));
@@ -75,61 +75,61 @@ TEST_F(KeeperTest, TheFormerStateIsKeptBeforeAnythingIsSent)
     EXPECT_EQ(entry.ways[1].url, "http://172.16.2.1:5988");
 }
 
-TEST_F(KeeperTest, TheNewAddressIsLookedForFirst)
+TEST_F(RevocableChangeTest, TheNewAddressIsLookedForFirst)
 {
     m_wanted = {};
     model::want(m_wanted, "eth1", "address", "10.0.0.77");
     m_plan = plan::plan(m_before, m_wanted);
-    keeper();
+    revocable();
     EXPECT_EQ(m_history.openEntry()->ways.front().address, "10.0.0.77");
 }
 
-TEST_F(KeeperTest, WithoutConfirmationTheOutcomeIsTheResult)
+TEST_F(RevocableChangeTest, WithoutConfirmationTheOutcomeIsTheResult)
 {
-    Keeper done = keeper();
+    RevocableChange done = revocable();
     EXPECT_FALSE(done.carriedOut({}));
     EXPECT_EQ(result(done.number()), Result::Done);
 }
 
-TEST_F(KeeperTest, AnOutcomeThatIsNotAsWantedIsTold)
+TEST_F(RevocableChangeTest, AnOutcomeThatIsNotAsWantedIsTold)
 {
-    Keeper kept = keeper();
+    RevocableChange kept = revocable();
     EXPECT_FALSE(kept.carriedOut(notAsWanted()));
     EXPECT_EQ(result(kept.number()), Result::NotAsWanted);
 }
 
-TEST_F(KeeperTest, ASecondChangeIsRefusedWhileOneIsMade)
+TEST_F(RevocableChangeTest, ASecondChangeIsRefusedWhileOneIsMade)
 {
-    const Keeper first = keeper();
-    EXPECT_THROW(keeper(), AnotherChange);
+    const RevocableChange first = revocable();
+    EXPECT_THROW(revocable(), AnotherChange);
 }
 
-TEST_F(KeeperTest, AChangeThatWasCutOffIsToBeEndedFirst)
+TEST_F(RevocableChangeTest, AChangeThatWasCutOffIsToBeEndedFirst)
 {
     int cutOff = 0;
     {
-        cutOff = keeper().number();
+        cutOff = revocable().number();
     }
-    EXPECT_THROW(keeper(), AnotherChange);
-    Keeper rollback = keeper(0s, cutOff);
+    EXPECT_THROW(revocable(), AnotherChange);
+    RevocableChange rollback = revocable(0s, cutOff);
     rollback.carriedOut({});
     EXPECT_EQ(result(cutOff), Result::TakenBack);
 }
 
-TEST_F(KeeperTest, ARollbackThatDoesNotSucceedEndsNothing)
+TEST_F(RevocableChangeTest, ARollbackThatDoesNotSucceedEndsNothing)
 {
     int cutOff = 0;
     {
-        cutOff = keeper().number();
+        cutOff = revocable().number();
     }
-    Keeper rollback = keeper(0s, cutOff);
+    RevocableChange rollback = revocable(0s, cutOff);
     rollback.carriedOut(notAsWanted());
     EXPECT_EQ(result(cutOff), Result::Open);
 }
 
-TEST_F(KeeperTest, TheCountdownIsSeenAsSoonAsTheChangeIsMade)
+TEST_F(RevocableChangeTest, TheCountdownIsSeenAsSoonAsTheChangeIsMade)
 {
-    Keeper kept = keeper(60s);
+    RevocableChange kept = revocable(60s);
     EXPECT_TRUE(kept.carriedOut({}));
     EXPECT_EQ(readProgress(m_history.folder(), kept.number()).value_or(Progress{}).phase,
               Progress::Phase::Waiting);
@@ -137,34 +137,34 @@ TEST_F(KeeperTest, TheCountdownIsSeenAsSoonAsTheChangeIsMade)
     EXPECT_EQ(resultOfGuard(kept.number()), Result::Confirmed);
 }
 
-TEST_F(KeeperTest, TheGuardHoldsTheLockUntilItHasEnded)
+TEST_F(RevocableChangeTest, TheGuardHoldsTheLockUntilItHasEnded)
 {
     int number = 0;
     {
-        Keeper kept = keeper(60s);
+        RevocableChange kept = revocable(60s);
         number = kept.number();
         kept.carriedOut({});
     }
     EXPECT_TRUE(Lock::isHeld(m_history.folder()));
-    EXPECT_THROW(keeper(), AnotherChange);
+    EXPECT_THROW(revocable(), AnotherChange);
     m_history.folder().mark(requests::confirm);
     EXPECT_EQ(resultOfGuard(number), Result::Confirmed);
 }
 
-TEST_F(KeeperTest, AnEndOfTheChangingProcessStartsTheCountdown)
+TEST_F(RevocableChangeTest, AnEndOfTheChangingProcessStartsTheCountdown)
 {
     int number = 0;
     {
-        number = keeper(60s).number();
+        number = revocable(60s).number();
     }
     EXPECT_TRUE(Lock::isHeld(m_history.folder()));
     m_history.folder().mark(requests::confirm);
     EXPECT_EQ(resultOfGuard(number), Result::Confirmed);
 }
 
-TEST_F(KeeperTest, AnIncompleteChangeIsOnItsWayBackAtOnce)
+TEST_F(RevocableChangeTest, AnIncompleteChangeIsOnItsWayBackAtOnce)
 {
-    Keeper kept = keeper(60s);
+    RevocableChange kept = revocable(60s);
     EXPECT_TRUE(kept.carriedOut(notAsWanted()));
     for (int i = 0; i < 1000 && readProgress(m_history.folder(), kept.number())->attempts == 0; ++i)
         poll(nullptr, 0, 10);
@@ -173,10 +173,10 @@ TEST_F(KeeperTest, AnIncompleteChangeIsOnItsWayBackAtOnce)
     EXPECT_EQ(resultOfGuard(kept.number()), Result::Abandoned);
 }
 
-TEST_F(KeeperTest, WhereNothingWasSentTheGuardEnds)
+TEST_F(RevocableChangeTest, WhereNothingWasSentTheGuardEnds)
 {
     {
-        Keeper kept = keeper(60s);
+        RevocableChange kept = revocable(60s);
         kept.nothingSent();
         EXPECT_EQ(result(kept.number()), Result::NotAsWanted);
     }
