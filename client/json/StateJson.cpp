@@ -1,5 +1,6 @@
 #include "json/StateJson.hpp"
 
+#include "model/Export.hpp"
 #include "model/Marking.hpp"
 
 namespace lanctl::json
@@ -69,6 +70,37 @@ Json toJson(const model::Marking& marking)
     Json json{{"enabled", marking.enabled}};
     for (const model::Flow flow : model::allFlows)
         json[std::string(model::flowKey(flow))] = markJson(marking.mark(flow));
+    return json;
+}
+
+namespace
+{
+
+Json wantedJson(const model::ExportedValue& value)
+{
+    if (value.key->form == model::Form::Switch)
+        return value.text == "on";
+    return value.key->form == model::Form::Number ? Json::parse(value.text) : Json(value.text);
+}
+
+Json wantedJson(const model::ExportedObject& exported)
+{
+    Json json = Json::object();
+    for (const model::ExportedValue& value : exported.values)
+        json[std::string(value.key->key)] = wantedJson(value);
+    return json;
+}
+
+} // namespace
+
+Json wantedJson(const model::ServerState& state)
+{
+    const model::Exported all = model::exported(state);
+    Json json = Json::object();
+    for (const model::ExportedObject& endpoint : all.endpoints)
+        json[std::string(model::endpointsSection)][endpoint.object] = wantedJson(endpoint);
+    for (const model::ExportedObject& other : all.others)
+        json[other.object] = wantedJson(other);
     return json;
 }
 

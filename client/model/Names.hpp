@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,8 +14,13 @@ namespace lanctl::model
 constexpr std::string_view lanObject = "lan";
 constexpr std::string_view markingObject = "marking";
 
+/// The part of a file in which the endpoints stand.
+constexpr std::string_view endpointsSection = "endpoints";
+
 /// The interfaces that every such server has.
 constexpr std::array<std::string_view, 3> interfaceNames{"eth0", "eth1", "eth2"};
+/// The default route leaves through this one, and its gateway alone can be read.
+inline const std::string customerLan = "eth1";
 bool isInterface(std::string_view name);
 
 enum class Kind { Endpoint, Setting, Marking };

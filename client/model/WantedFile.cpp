@@ -11,8 +11,6 @@ namespace lanctl::model
 namespace
 {
 
-constexpr const char* endpointsSection = "endpoints";
-
 [[noreturn]] void refuseAt(const YAML::Node& node, const std::string& reason)
 {
     throw BadWanted("line " + std::to_string(node.Mark().line + 1) + ": " + reason);
@@ -57,7 +55,7 @@ void readObject(WantedState& wanted, const std::string& object, const YAML::Node
 
 void readEndpoints(WantedState& wanted, const YAML::Node& mapping)
 {
-    forEachEntry(mapping, endpointsSection,
+    forEachEntry(mapping, std::string(endpointsSection),
                  [&](const std::string& name, const YAML::Node& place, const YAML::Node& value) {
                      if (!isInterface(name))
                          refuseAt(place, "\"" + name + "\" is no interface; there are eth0, eth1 and eth2");
@@ -101,85 +99,6 @@ WantedState parseWanted(const std::string& text)
     } catch (const YAML::Exception& e) {
         throw BadWanted("line " + std::to_string(e.mark.line + 1) + ": " + e.msg);
     }
-}
-
-namespace
-{
-
-std::string switchText(bool on)
-{
-    return on ? "on" : "off";
-}
-
-/// A text in quotes, so that YAML takes it for nothing else.
-void emitText(YAML::Emitter& out, const char* key, const std::string& text)
-{
-    out << YAML::Key << key << YAML::Value << YAML::DoubleQuoted << text;
-}
-
-/// The emitter escapes every control character but this one, and a file may be shown on a terminal.
-std::string withoutDelete(std::string text)
-{
-    for (std::size_t at = 0; (at = text.find('\x7F', at)) != std::string::npos;)
-        text.replace(at, 1, "\\x7F");
-    return text;
-}
-
-void emitPlain(YAML::Emitter& out, const std::string& key, const std::string& text)
-{
-    out << YAML::Key << key << YAML::Value << text;
-}
-
-void emitEndpoint(YAML::Emitter& out, const Endpoint& endpoint)
-{
-    out << YAML::Key << endpoint.name << YAML::Value << YAML::BeginMap;
-    emitPlain(out, "dhcp", switchText(endpoint.dhcp));
-    if (!endpoint.dhcp) {
-        emitText(out, "address", endpoint.ipAddress);
-        emitText(out, "mask", endpoint.subnetMask);
-        if (!endpoint.defaultGateway.empty())
-            emitText(out, "gateway", endpoint.defaultGateway);
-    }
-    emitPlain(out, "mtu", std::to_string(endpoint.mtu));
-    out << YAML::EndMap;
-}
-
-void emitSetting(YAML::Emitter& out, const Setting& setting)
-{
-    out << YAML::Key << std::string(lanObject) << YAML::Value << YAML::BeginMap;
-    emitText(out, "domain", setting.domainName);
-    emitText(out, "dns1", setting.primaryDns);
-    emitText(out, "dns2", setting.secondaryDns);
-    emitPlain(out, "icmp-filter", switchText(setting.icmpFilter));
-    emitPlain(out, "arp-filter", switchText(setting.arpFilter));
-    emitPlain(out, "broadcast-filter", switchText(setting.broadcastFilter));
-    emitPlain(out, "conflict-watch", switchText(setting.conflictWatch));
-    out << YAML::EndMap;
-}
-
-void emitMarking(YAML::Emitter& out, const Marking& marking)
-{
-    out << YAML::Key << std::string(markingObject) << YAML::Value << YAML::BeginMap;
-    emitPlain(out, "enabled", switchText(marking.enabled));
-    for (const Flow flow : allFlows)
-        emitPlain(out, std::string(flowKey(flow)), markText(marking.mark(flow)));
-    out << YAML::EndMap;
-}
-
-} // namespace
-
-std::string exportedText(const ServerState& state)
-{
-    YAML::Emitter out;
-    out.SetOutputCharset(YAML::EscapeNonAscii);
-    out << YAML::BeginMap << YAML::Key << endpointsSection << YAML::Value << YAML::BeginMap;
-    for (const auto& endpoint : state.endpoints)
-        emitEndpoint(out, endpoint);
-    out << YAML::EndMap;
-    emitSetting(out, state.setting);
-    emitMarking(out, state.marking);
-    out << YAML::EndMap;
-    return withoutDelete(out.c_str()) + "\n";
 }
 
 } // namespace lanctl::model

@@ -2,7 +2,6 @@
 // part.
 #pragma once
 
-#include "model/State.hpp"
 #include "model/Wanted.hpp"
 
 #include <stdexcept>
@@ -29,9 +28,5 @@ void wantAssignment(WantedState& wanted, const std::string& object, const std::s
 
 /// Reads a whole file's text. What is left out of it is not wanted to change.
 WantedState parseWanted(const std::string& text);
-
-/// What the server has now, as a wanted state that parseWanted reads. An interface under DHCP is written
-/// without the addresses that it was lent.
-std::string exportedText(const ServerState& state);
 
 } // namespace lanctl::model

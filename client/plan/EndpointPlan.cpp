@@ -1,4 +1,5 @@
 #include "model/FromCim.hpp"
+#include "model/Names.hpp"
 #include "plan/Draft.hpp"
 #include "plan/Objects.hpp"
 #include "plan/Rules.hpp"
@@ -125,7 +126,7 @@ void EndpointDraft::compareAddresses()
     restart.voiceMessagingRestarts = 1;
     Impact address = restart;
     address.elementManagementNotices = 1;
-    address.hostsTableRewrites = m_now.name == customerLan ? 1 : 0;
+    address.hostsTableRewrites = m_now.name == model::customerLan ? 1 : 0;
     Impact gateway;
     gateway.hostsTableRewrites = 1;
     gateway.defaultRouteMoves = 1;
@@ -191,13 +192,13 @@ void EndpointDraft::noteAddress()
 void EndpointDraft::noteGateway()
 {
     const bool sent = m_draft.sends("DefaultGateway");
-    if (sent && m_now.name != customerLan)
+    if (sent && m_now.name != model::customerLan)
         m_draft.note("gateway",
                      "The server has one default gateway. It is reached through eth1 and read there; here it "
                      "always reads empty. Set it on eth1.");
     if (sent && m_then.defaultGateway.empty())
         m_draft.note("gateway", "Without a gateway the server reaches its own networks only.");
-    if (m_now.name == customerLan && sendsAddresses() && !m_then.defaultGateway.empty() &&
+    if (m_now.name == model::customerLan && sendsAddresses() && !m_then.defaultGateway.empty() &&
         !reaches(m_then.ipAddress, m_then.subnetMask, m_then.defaultGateway))
         m_draft.note("gateway", "The gateway " + m_then.defaultGateway + " is outside of " +
                                     networkText(m_then.ipAddress, m_then.subnetMask) +

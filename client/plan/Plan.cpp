@@ -1,5 +1,6 @@
 #include "plan/Plan.hpp"
 
+#include "model/Names.hpp"
 #include "plan/Objects.hpp"
 #include "plan/Rules.hpp"
 
@@ -73,12 +74,12 @@ class EndpointSequence
     {
         model::Endpoint& endpoint = *find(wanted.name);
         endpoint = changed(endpoint, wanted);
-        if (endpoint.name == customerLan)
+        if (endpoint.name == model::customerLan)
             return;
         // The one default route leaves through the customer LAN and is read there, whatever interface it was
         // set on.
         const std::string gateway = std::exchange(endpoint.defaultGateway, "");
-        model::Endpoint* customer = find(customerLan);
+        model::Endpoint* customer = find(model::customerLan);
         if (customer != nullptr && customer->defaultGateway.empty() &&
             reaches(customer->ipAddress, customer->subnetMask, gateway))
             customer->defaultGateway = gateway;

@@ -1,5 +1,6 @@
 #include "plan/Reach.hpp"
 
+#include "model/Names.hpp"
 #include "plan/Rules.hpp"
 
 #include <algorithm>
@@ -76,8 +77,8 @@ Reach ofInterface(const Plan& plan, const model::Endpoint& now)
 /// Other networks are reached through eth1: its restart takes the default route away, for its time at least.
 Reach behindCustomerLan(const Plan& plan, const model::ServerState& current, const Reach& own)
 {
-    const model::Endpoint* customer = current.endpoint(customerLan);
-    const Sent sent(plan, customerLan);
+    const model::Endpoint* customer = current.endpoint(model::customerLan);
+    const Sent sent(plan, model::customerLan);
     const std::string* address = sent.value("IPAddress");
     const std::string* mask = sent.value("SubnetMask");
     if (customer == nullptr || (address == nullptr && mask == nullptr))
@@ -113,7 +114,7 @@ Reach reach(const Plan& plan, const model::ServerState& current, const std::stri
     if (movesRoute(plan))
         return {Fate::Uncertain, reachedAt,
                 "The default route moves; from another network the server may not be reached any more."};
-    return found->name == customerLan ? own : behindCustomerLan(plan, current, own);
+    return found->name == model::customerLan ? own : behindCustomerLan(plan, current, own);
 }
 
 } // namespace lanctl::plan

@@ -10,9 +10,6 @@
 namespace lanctl::plan
 {
 
-/// The default route leaves through this interface, and its gateway alone can be read.
-inline const std::string customerLan = "eth1";
-
 /// The server's checks of an interface's address, mask and gateway, in its order: the first that fails.
 /// `then` is the interface as it is to be, `current` has its neighbours and the router card.
 std::optional<Refusal> judgeAddresses(const model::Endpoint& then, const model::ServerState& current);

@@ -115,7 +115,10 @@ void addReadCommands(CLI::App& app, CommandLine& line)
 
     CLI::App* exportCommand = app.add_subcommand("export", "write the state as a file for apply");
     exportCommand->add_option("FILE", line.file, "where to; standard output without it")->type_name("");
-    exportCommand->callback([&] { line.command = [&] { return exportState(line.choice, line.file); }; });
+    exportCommand->add_flag("--json", line.json,
+                            "as JSON, as in a FILE that ends with .json; otherwise as YAML");
+    exportCommand->callback(
+        [&] { line.command = [&] { return exportState(line.choice, line.file, line.json); }; });
 
     CLI::App* diff = app.add_subcommand("diff", "compare the state with a file");
     diff->add_option("FILE", line.file, "the wanted state, YAML or JSON; - is standard input")

@@ -37,7 +37,8 @@ struct WebOptions {
 Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson);
 Exit watch(const ConnectionChoice& choice, const std::vector<std::string>& objects,
            const WatchOptions& options);
-Exit exportState(const ConnectionChoice& choice, const std::string& file);
+/// As JSON when that is asked for, or when the file's name ends with ".json"; otherwise as YAML.
+Exit exportState(const ConnectionChoice& choice, const std::string& file, bool asJson);
 Exit diff(const ConnectionChoice& choice, const std::string& file, bool asJson);
 Exit set(const ConnectionChoice& choice, const std::string& object,
          const std::vector<std::string>& assignments, const Agreement& agreement);

@@ -1,6 +1,6 @@
 // The commands that only read.
 #include "apply/Reading.hpp"
-#include "model/WantedText.hpp"
+#include "model/Export.hpp"
 #include "shell/Commands.hpp"
 #include "shell/Objects.hpp"
 #include "shell/PlanText.hpp"
@@ -28,6 +28,13 @@ json::Json shownJson(const Shown& shown)
     return object;
 }
 
+bool isJsonFile(const std::string& name)
+{
+    const std::string ending = ".json";
+    return name.size() > ending.size() &&
+           name.compare(name.size() - ending.size(), ending.size(), ending) == 0;
+}
+
 } // namespace
 
 Exit show(const ConnectionChoice& choice, const std::vector<std::string>& objects, bool asJson)
@@ -38,10 +45,12 @@ Exit show(const ConnectionChoice& choice, const std::vector<std::string>& object
     return Exit::Done;
 }
 
-Exit exportState(const ConnectionChoice& choice, const std::string& file)
+Exit exportState(const ConnectionChoice& choice, const std::string& file, bool asJson)
 {
     wire::Client client(connectionOptions(choice));
-    const std::string text = model::exportedText(apply::readState(client));
+    const model::ServerState state = apply::readState(client);
+    const std::string text =
+        asJson || isJsonFile(file) ? json::text(json::wantedJson(state)) : model::exportedText(state);
     if (file.empty() || file == "-") {
         std::cout << text;
         return Exit::Done;

@@ -1,5 +1,6 @@
 #include "wayback/RevocableChange.hpp"
 
+#include "model/Export.hpp"
 #include "model/WantedText.hpp"
 #include "plan/Reach.hpp"
 #include "wayback/GuardLoop.hpp"

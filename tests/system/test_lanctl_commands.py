@@ -160,6 +160,36 @@ def test_export_diff_and_apply(managed, run):
     assert managed.read("/run/again.yaml") == exported
 
 
+def test_an_export_as_json_is_a_wanted_state_too(managed, run):
+    exported = json.loads(succeeded(run("export", "--json")))
+    assert exported["endpoints"]["eth1"] == {"dhcp": False, "address": "10.0.0.5", "mask": "255.255.255.0", "gateway": "10.0.0.1",
+                                             "mtu": 1500}
+    assert succeeded(run("export", "/run/wanted.json")) == ""
+    assert json.loads(managed.read("/run/wanted.json")) == exported
+    assert succeeded(run("diff", "/run/wanted.json")) == ""
+    succeeded(run("set", "eth2", "mtu=900", "--yes"))
+    succeeded(run("set", "marking", "fax=custom:0x69", "--yes"))
+    succeeded(run("apply", "/run/wanted.json", "--yes"))
+    assert json.loads(succeeded(run("export", "--json"))) == exported
+
+
+def test_an_export_that_cannot_be_written():
+    with ScriptedServer() as server:
+        done = lanctl("--server", server.url, "export", "/nonexistent/pbx.yaml")
+        assert (done.returncode, done.stderr) == (USAGE, "lanctl: cannot write /nonexistent/pbx.yaml\n")
+
+
+def test_a_server_without_a_gateway_is_brought_back_to_none(managed, run):
+    succeeded(run("set", "eth1", "gateway=", "--yes"))
+    exported = succeeded(run("export"))
+    assert 'gateway: ""' in exported
+    managed.sh(f"printf %s {shlex.quote(exported)} >/run/wanted.yaml")
+    succeeded(run("set", "eth1", "gateway=10.0.0.1", "--yes"))
+    assert "default via 10.0.0.1" in managed.sh("ip route")
+    succeeded(run("apply", "/run/wanted.yaml", "--yes"))
+    assert "default" not in managed.sh("ip route")
+
+
 def test_apply_reads_json_and_leaves_out_what_is_left_out(managed, run):
     managed.sh("""printf '{\\n\\t"endpoints": {"eth2": {"mtu": 1400}},\\n\\t"lan": {"arp-filter": true}\\n}' >/run/wanted.json""")
     out = succeeded(run("apply", "/run/wanted.json", "--yes"))

@@ -114,8 +114,6 @@ def reason(key, before, after):
     name, what = key
     if name.startswith("eth") and ROUTER_CARD.exists() and not before[name, "DefaultGateway"]:
         return "of an interface without a gateway while a router card is fitted"
-    if what == "DefaultGateway" and not before[key]:
-        return "a gateway where there was none"
     if what == "isDhcpEnabled" and before[key] == "true" and not after[name, "DefaultGateway"]:
         return "DHCP of an interface that has no gateway by now"
     if name.startswith("eth") and what not in ("isDhcpEnabled", "MaxDataSize") and before[name, "isDhcpEnabled"] == "true":

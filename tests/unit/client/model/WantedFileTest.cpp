@@ -1,3 +1,4 @@
+#include "model/Export.hpp"
 #include "model/WantedText.hpp"
 
 #include <gtest/gtest.h>
@@ -141,6 +142,15 @@ TEST(WantedFile, ofAnExportLeavesOutAddressesThatWereLent)
     state.endpoints.erase(state.endpoints.begin());
     state.endpoints[0].dhcp = true;
     EXPECT_EQ(exportedText(state).substr(0, 52), "endpoints:\n  eth1:\n    dhcp: on\n    mtu: 1500\nlan:\n ");
+}
+
+TEST(WantedFile, ofAnExportSaysThatThereIsNoGateway)
+{
+    ServerState state = stateOfAServer();
+    state.endpoints[1].defaultGateway = "";
+    const WantedState wanted = parseWanted(exportedText(state));
+    EXPECT_EQ(wanted.endpoints.at(1).defaultGateway, "");
+    EXPECT_EQ(wanted.endpoints.at(0).defaultGateway, std::nullopt); // there it always reads empty
 }
 
 TEST(WantedFile, ofAnExportIsReadBack)
