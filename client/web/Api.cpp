@@ -7,9 +7,11 @@
 #include "web/Gate.hpp"
 #include "json/HistoryJson.hpp"
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 #include <optional>
+#include <string_view>
 
 namespace lanctl::web
 {
@@ -116,6 +118,20 @@ std::optional<Response> overtaken(const Response& now, const Json& body)
     const Json error{{"text", "The server has changed meanwhile."}, {"advice", "Review the new plan."}};
     return Response{409, now.type, json::text({{"error", error}, {"plan", plan}})};
 }
+
+struct OpenText {
+    std::string_view state;
+    std::string_view text;
+    std::string_view advice;
+};
+
+/// What keeps a second change from being made, by the state of the open one; the text follows its number.
+constexpr std::array<OpenText, 4> openTexts{{
+    {"changing", " is just being made.", "Try again when it has been made."},
+    {"waiting", " waits for its confirmation.", "Keep it or take it back first."},
+    {"taking-back", " is being taken back.", "Try again when the server is as it was."},
+    {"cut-off", " was cut off.", "`lanctl rollback` takes it back, `lanctl confirm` keeps it."},
+}};
 
 /// lanctl's own sentence without its name.
 std::string complaintOf(const Finished& finished)
@@ -231,7 +247,7 @@ Response Api::apply(const Json& body)
     const Response now = planned(asked.wanted, m_follower.fresh(), Json::array(), Json::array());
     if (auto other = overtaken(now, body))
         return *other;
-    return runChange({"apply", "-", "--confirm", seconds}, asked.file.dump());
+    return runChange({"apply", "-", "--confirm", seconds}, asked.file.dump(), std::nullopt);
 }
 
 Response Api::rollback(const Json& body)
@@ -240,21 +256,43 @@ Response Api::rollback(const Json& body)
     const std::string seconds = std::to_string(countdownOf(body));
     if (auto other = overtaken(rollbackPlan(number, m_follower.fresh()), body))
         return *other;
-    return runChange({"rollback", std::to_string(number), "--confirm", seconds}, "");
+    return runChange({"rollback", std::to_string(number), "--confirm", seconds}, "", number);
 }
 
-Response Api::runChange(std::vector<std::string> arguments, const std::string& input)
+/// The change that keeps another one from being made, as an answer. One that was cut off may be rolled back.
+std::optional<Response> Api::openChange(std::optional<int> rolledBack) const
+{
+    const auto open = m_history.openEntry();
+    if (!open)
+        return std::nullopt;
+    const auto state = json::openJson(*open, m_history).at("state").get<std::string>();
+    if (state == "cut-off" && rolledBack == open->number)
+        return std::nullopt;
+    const auto* const found = std::find_if(openTexts.begin(), openTexts.end(),
+                                           [&](const OpenText& text) { return text.state == state; });
+    return failure(409, "Change " + std::to_string(open->number) + std::string(found->text),
+                   std::string(found->advice));
+}
+
+/// `rolledBack` is the number of the change whose former state is brought back, if one is.
+Response Api::runChange(std::vector<std::string> arguments, const std::string& input,
+                        std::optional<int> rolledBack)
 {
     const std::unique_lock lock(m_changing, std::try_to_lock);
     if (!lock)
         return failure(409, "Another change is being made.");
+    if (auto open = openChange(rolledBack))
+        return *open;
     arguments.insert(arguments.end(), {"--yes", "--json"});
     arguments.insert(arguments.end(), m_options.connection.begin(), m_options.connection.end());
     const Finished finished = m_run(arguments, input);
     m_follower.noteChange();
     const Json told = Json::parse(finished.output, nullptr, false);
-    if (told.is_discarded())
+    if (told.is_discarded()) {
+        if (auto open = openChange(rolledBack)) // another lanctl was faster
+            return *open;
         return failure(502, complaintOf(finished));
+    }
     return ok(told);
 }
 

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,7 +46,9 @@ class Api
     Response rollbackPlan(int number, const Snapshot& snapshot) const;
     int countdownOf(const json::Json& body) const;
     Response requestOfGuard(const json::Json& body, const char* request);
-    Response runChange(std::vector<std::string> arguments, const std::string& input);
+    std::optional<Response> openChange(std::optional<int> rolledBack) const;
+    Response runChange(std::vector<std::string> arguments, const std::string& input,
+                       std::optional<int> rolledBack);
 
     ApiOptions m_options;
     Follower& m_follower;

@@ -1,15 +1,19 @@
 """The JSON interface of `lanctl web`: every call, and how it bears a crowd."""
 import concurrent.futures
+import contextlib
 import json
+import os
+import pathlib
 import re
 import shlex
+import signal
 import threading
 import time
 
 import pytest
 
 from cim import OBJECT_MANAGER
-from lanctl import LANCTL, lanctl
+from lanctl import DONE, LANCTL, lanctl
 from scripted_server import ENDPOINT, ScriptedServer
 from web import Web, free_port
 
@@ -150,11 +154,55 @@ def test_what_the_plan_refuses_is_not_sent(scripted, web):
 
 
 def test_a_second_change_waits_for_the_first_ones_end(scripted, web):
-    assert web.apply(MTU).json["changed"]
+    first = web.apply(MTU).json
+    assert first["changed"]
     answer = web.apply(("eth2", "mtu", "1400"))
-    assert answer.status == 502
-    assert "change" in answer.error
+    assert (answer.status, answer.error) == (409, f"Change {first['number']} waits for its confirmation.")
+    assert answer.json["error"]["advice"] == "Keep it or take it back first."
+    reviewed = web.post("/api/plan", {"rollback": first["number"]}).json["changes"]
+    assert web.post("/api/rollback", {"number": first["number"], "reviewed": reviewed}).status == 409
     assert len(scripted.modifications()) == 1
+    web.post("/api/confirm", {"number": first["number"]})
+    web.wait_for(lambda state: state["open"] is None)
+    assert web.apply(("eth2", "mtu", "1400")).json["changed"]
+
+
+def guard_below(folder):
+    """The process that holds the lock of the one history there."""
+    for descriptor in pathlib.Path("/proc").glob("[0-9]*/fd/[0-9]*"):
+        with contextlib.suppress(OSError):  # somebody else's, or just closed
+            if re.fullmatch(rf"{folder}/.*/lock", os.readlink(descriptor)):
+                return int(descriptor.parts[2])
+    raise AssertionError("nobody guards the change")
+
+
+def test_a_change_that_was_cut_off_is_rolled_back_before_another_one(scripted, web, tmp_path):
+    number = web.apply(MTU).json["number"]
+    os.kill(guard_below(tmp_path), signal.SIGKILL)
+    answer = web.apply(("eth2", "mtu", "1400"))
+    assert (answer.status, answer.error) == (409, f"Change {number} was cut off.")
+    reviewed = web.post("/api/plan", {"rollback": number}).json["changes"]
+    assert web.post("/api/rollback", {"number": number, "reviewed": reviewed}).json["outcome"]["done"]
+    assert mtu_of(scripted) == "1500"
+    assert [entry["result"] for entry in web.get("/api/history").json] == ["taken-back", "open"]
+
+
+def test_another_lanctl_that_was_faster_is_said(tmp_path):
+    """It begins its change when the page's lanctl has read the server already."""
+    begun = threading.Event()
+
+    def script(server, _request, _connection):
+        if server.connections == 2 and not begun.is_set():
+            begun.set()
+            assert lanctl("--server", server.url, "set", "eth2", "mtu=1300", "--yes", "--confirm", "60",
+                          XDG_STATE_HOME=str(tmp_path)).returncode == DONE
+
+    with ScriptedServer() as scripted, Web(scripted.url, tmp_path) as web:
+        asked = web.reviewed(MTU)
+        scripted.script = script
+        answer = web.post("/api/apply", asked)
+        assert (answer.status, answer.error) == (409, "Change 1 waits for its confirmation.")
+        assert mtu_of(scripted) == "1500"
 
 
 def test_only_one_change_is_made_at_a_time(tmp_path):
