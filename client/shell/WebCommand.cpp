@@ -3,6 +3,7 @@
 #include "shell/Terminal.hpp"
 #include "wayback/RevocableChange.hpp"
 #include "web/HttpServer.hpp"
+#include "web/OwnAddresses.hpp"
 
 #include <csignal>
 #include <cstdlib>
@@ -45,6 +46,11 @@ web::ListenAddress listenAddress(const std::string& text)
     }
 }
 
+std::string pageUrl(const web::ListenAddress& address, const std::string& token)
+{
+    return "http://" + address.text() + "/" + (token.empty() ? "" : "#token=" + token);
+}
+
 /// The hosts by which a browser may name the page: those of this machine. Anywhere else the token decides.
 std::vector<std::string> hostNames(const web::ListenAddress& address)
 {
@@ -84,8 +90,12 @@ Exit web(const ConnectionChoice& choice, const WebOptions& options)
                  wayback::historyOf(label));
     const web::Gate gate(hostNames(address), token);
     const web::HttpServer server(address, gate, api);
-    std::cout << "Showing " << harmless(label) << " at http://" << address.text() << "/"
-              << (token.empty() ? "" : "#token=" + token) << " until you press Ctrl-C." << std::endl;
+    const std::vector<web::ListenAddress> reachable = web::reachableAt(address);
+    std::cout << "Showing " << harmless(label) << " at " << pageUrl(reachable.front(), token)
+              << " until you press Ctrl-C.\n";
+    for (std::size_t i = 1; i < reachable.size(); ++i)
+        std::cout << "Also at " << pageUrl(reachable[i], token) << "\n";
+    std::cout << std::flush;
     int ending = 0;
     sigwait(&endings, &ending);
     return Exit::Done;

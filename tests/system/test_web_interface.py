@@ -7,13 +7,14 @@ import pathlib
 import re
 import shlex
 import signal
+import subprocess
 import threading
 import time
 
 import pytest
 
 from cim import OBJECT_MANAGER
-from lanctl import DONE, LANCTL, lanctl
+from lanctl import DONE, LANCTL, environment, lanctl
 from scripted_server import ENDPOINT, ScriptedServer
 from web import Web, free_port
 
@@ -351,6 +352,29 @@ def test_a_port_that_is_taken_is_said(web):
 def test_it_ends_when_asked(web):
     web.state()
     assert web.stop() == 0
+
+
+def test_on_all_addresses_it_says_where_a_browser_reaches_it(managed):
+    managed.sh("ip -6 address add fd00::5/64 dev eth1 nodad; kv-peer run ip -6 address add fd00::1/64 dev eth1 nodad")
+    for everywhere, hosts, customer_lan in (("0.0.0.0", ["192.168.10.1", "10.0.0.5", "172.16.2.1"], "10.0.0.5"),
+                                            ("[::]", ["[fd00::5]"], "[fd00::5]")):
+        managed.sh(f"rm -f /run/web.log; XDG_STATE_HOME=/run {LANCTL} web --listen {everywhere}:8080 >/run/web.log 2>&1 & "
+                   "echo $! >/run/web.pid")
+        managed.wait_for("grep -q ^Showing /run/web.log")
+        first, *more = managed.read("/run/web.log").splitlines()
+        token = re.search("#token=[0-9a-f]{64}", first).group()
+        assert first == f"Showing 127.0.0.1:5988 at http://{hosts[0]}:8080/{token} until you press Ctrl-C."
+        assert more == [f"Also at http://{host}:8080/{token}" for host in hosts[1:]]
+        assert managed.sh(f"kv-peer run curl -s -o /dev/null -w '%{{http_code}}' 'http://{customer_lan}:8080/'") == "200"
+        managed.sh("kill $(cat /run/web.pid); while kill -0 $(cat /run/web.pid) 2>/dev/null; do sleep 0.05; done")
+
+
+def test_without_another_address_it_says_the_loopback(tmp_path):
+    alone = ["unshare", "--user", "--map-root-user", "--net", "sh", "-c", 'ip link set lo up; exec "$@"', "sh"]
+    with subprocess.Popen([*alone, LANCTL, "web", "--listen", "0.0.0.0:8080"], stdout=subprocess.PIPE, text=True,
+                          env=environment(XDG_STATE_HOME=str(tmp_path))) as process:
+        assert process.stdout.readline().startswith("Showing 127.0.0.1:5988 at http://127.0.0.1:8080/#token=")
+        process.terminate()
 
 
 ON_THE_SERVER = """
