@@ -9,7 +9,8 @@ namespace OpenWBEM
 {
 
 // Base of the CIM classes. Their objects are handles that share their data until one of them is changed. On a
-// null object everything throws but the truth test, copying, assignment and setNull.
+// null object everything throws but the truth test, copying, assignment and setNull. Each class has an
+// operator< over all that its objects hold, the name first.
 class CIMBase
 {
   public:

@@ -60,6 +60,11 @@ class CIMClass : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMClass& lhs, const CIMClass& rhs);
+bool operator<=(const CIMClass& lhs, const CIMClass& rhs);
+bool operator>(const CIMClass& lhs, const CIMClass& rhs);
+bool operator>=(const CIMClass& lhs, const CIMClass& rhs);
+
 } // namespace OpenWBEM
 
 #endif

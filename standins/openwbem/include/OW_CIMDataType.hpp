@@ -53,7 +53,11 @@ class CIMDataType : public CIMBase
     virtual void setNull();
     Type getType() const;
     bool isArrayType() const;
-    bool isNumericType() const; // integers and reals, and arrays of them
+    bool isNumericType() const
+    {
+        return isNumericType(getType());
+    } // integers and reals, and arrays of them
+    static bool isNumericType(Type type);
     bool isReferenceType() const;
     Int32 getSize() const;           // of an array, -1 for any size; 1 for others
     bool setToArrayType(Int32 size); // always true
@@ -61,6 +65,7 @@ class CIMDataType : public CIMBase
     bool equals(const CIMDataType& arg) const; // type, and whether it is an array, of any size or of one
     virtual String toString() const;           // of arrays the element type only
     virtual String toMOF() const;
+    String getArrayMOF() const; // what follows the name in a declaration: nothing, [] or [3]
 
     static CIMDataType getDataType(const String& name); // in any case; type CIMNULL when unknown
     static Type strToSimpleType(const String& name);
@@ -77,6 +82,8 @@ class CIMDataType : public CIMBase
 bool operator==(const CIMDataType& lhs,
                 const CIMDataType& rhs); // also the array size and the class referred to
 bool operator!=(const CIMDataType& lhs, const CIMDataType& rhs);
+bool operator<(const CIMDataType& lhs, const CIMDataType& rhs);
+bool operator<=(const CIMDataType& lhs, const CIMDataType& rhs);
 
 } // namespace OpenWBEM
 

@@ -35,6 +35,8 @@ class CIMFlavor : public CIMBase
     Flavor m_flavor;
 };
 
+bool operator<(const CIMFlavor& lhs, const CIMFlavor& rhs);
+
 } // namespace OpenWBEM
 
 #endif

@@ -64,6 +64,11 @@ class CIMInstance : public CIMElement
                       WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
                       WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
                       const StringArray* propertyList) const;
+    // The same, but an empty list keeps all properties.
+    CIMInstance clone(WBEMFlags::ELocalOnlyFlag localOnly,
+                      WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
+                      WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
+                      const StringArray& propertyList = StringArray()) const;
     CIMInstance filterProperties(const StringArray& propertyList,
                                  WBEMFlags::EIncludeQualifiersFlag includeQualifiers,
                                  WBEMFlags::EIncludeClassOriginFlag includeClassOrigin,
@@ -89,6 +94,8 @@ class CIMInstance : public CIMElement
     struct Data;
     COWReference<Data> m_data;
 };
+
+bool operator<(const CIMInstance& lhs, const CIMInstance& rhs);
 
 } // namespace OpenWBEM
 

@@ -48,6 +48,8 @@ class CIMMethod : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMMethod& lhs, const CIMMethod& rhs);
+
 } // namespace OpenWBEM
 
 #endif

@@ -49,6 +49,7 @@ class CIMObjectPath : public CIMBase
     bool equals(const CIMObjectPath& arg) const; // the host does not matter
     bool operator==(const CIMObjectPath& arg) const { return equals(arg); }
     bool operator!=(const CIMObjectPath& arg) const { return !equals(arg); }
+    friend bool operator<(const CIMObjectPath& lhs, const CIMObjectPath& rhs); // by all that it is made of
     CIMObjectPath&
     syncWithClass(const CIMClass& cimClass); // of instance paths: the keys are those of the class
 

@@ -35,6 +35,8 @@ class CIMParamValue : public CIMBase
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMParamValue& lhs, const CIMParamValue& rhs);
+
 } // namespace OpenWBEM
 
 #endif

@@ -37,6 +37,8 @@ class CIMParameter : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMParameter& lhs, const CIMParameter& rhs);
+
 } // namespace OpenWBEM
 
 #endif

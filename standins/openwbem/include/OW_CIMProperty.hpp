@@ -63,6 +63,8 @@ class CIMProperty : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMProperty& lhs, const CIMProperty& rhs);
+
 } // namespace OpenWBEM
 
 #endif

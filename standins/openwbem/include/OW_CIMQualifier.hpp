@@ -50,6 +50,8 @@ class CIMQualifier : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMQualifier& lhs, const CIMQualifier& rhs);
+
 } // namespace OpenWBEM
 
 #endif

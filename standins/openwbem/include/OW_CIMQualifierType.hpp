@@ -41,6 +41,8 @@ class CIMQualifierType : public CIMElement
     COWReference<Data> m_data;
 };
 
+bool operator<(const CIMQualifierType& lhs, const CIMQualifierType& rhs);
+
 } // namespace OpenWBEM
 
 #endif

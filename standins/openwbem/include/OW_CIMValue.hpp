@@ -130,6 +130,7 @@ class CIMValue : public CIMBase
 
     virtual String toMOF() const;
     virtual void setNull();
+    CIMValue& set(const CIMValue& arg) { return *this = arg; }
     CIMDataType::Type getType() const;
     CIMDataType getCIMDataType() const;
     bool isArray() const;

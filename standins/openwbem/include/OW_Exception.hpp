@@ -14,19 +14,23 @@ namespace OpenWBEM
 class Exception : public std::exception
 {
   public:
+    // They have no definition: no reference can be bound to them.
+    static const int UNKNOWN_SUBCLASS_ID = -1;
+    static const int UNKNOWN_ERROR_CODE = -1;
+
     virtual const char* type() const;       // the class name
     virtual const char* getMessage() const; // never 0; "" when there is none
     const char* getFile() const;            // never 0; "" when there is none
     int getLine() const;
-    int getErrorCode() const;                  // -1 when unknown
-    int getSubClassId() const;                 // -1 when unknown
+    int getErrorCode() const;                  // UNKNOWN_ERROR_CODE when there is none
+    int getSubClassId() const;                 // UNKNOWN_SUBCLASS_ID when there is none
     const Exception* getSubException() const;  // the cause; 0 when there is none
     virtual const char* what() const noexcept; // getMessage(), through the virtual
     virtual Exception* clone() const;
 
   protected:
-    Exception(const char* file, int line, const char* msg, int errorCode = -1,
-              const Exception* otherException = 0, int subClassId = -1);
+    Exception(const char* file, int line, const char* msg, int errorCode = UNKNOWN_ERROR_CODE,
+              const Exception* otherException = 0, int subClassId = UNKNOWN_SUBCLASS_ID);
     Exception(const Exception&);
     Exception& operator=(const Exception&);
     virtual ~Exception() noexcept; // a clone is deleted as what it is

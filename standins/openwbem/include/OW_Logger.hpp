@@ -23,6 +23,7 @@ class Logger : public IntrusiveCountableBase
     static const String STR_INFO_CATEGORY;
     static const String STR_DEBUG_CATEGORY;
     static const String STR_ALL_CATEGORY;
+    static const String STR_DEFAULT_COMPONENT;
 
     virtual ~Logger();
 
@@ -47,6 +48,9 @@ class Logger : public IntrusiveCountableBase
     void setLogLevel(ELogLevel logLevel);
     void
     setLogLevel(const String& logLevel); // all, debug, info, error, none; anything else is fatal errors only
+    void setDefaultComponent(const String& component);
+    String getDefaultComponent() const;
+    bool categoryIsEnabled(const String& category) const; // true
     LoggerRef clone() const;
 
   protected:

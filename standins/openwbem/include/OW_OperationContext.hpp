@@ -25,6 +25,7 @@ class OperationContext
     typedef IntrusiveReference<Data> DataRef;
 
     static const char* const USER_NAME;
+    static const char* const HTTP_PATH;
 
     OperationContext();
     ~OperationContext();

@@ -37,6 +37,7 @@ class SharedLibraryReference
     typename T::element_type* operator->() const { return m_object.getPtr(); }
     T get() const { return m_object; }
     SharedLibraryRef getLibRef() const { return m_library; }
+    bool isNull() const { return !m_object; }
     void setNull() { *this = SharedLibraryReference(); }
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 

@@ -124,6 +124,8 @@ class String
     Int32 toInt32(int base = 10) const;
     UInt64 toUInt64(int base = 10) const;
     Int64 toInt64(int base = 10) const;
+    Char16 toChar16() const; // of exactly one character
+    CIMDateTime toDateTime() const;
     unsigned int toUnsignedInt(int base = 10) const;
     int toInt(int base = 10) const;
 

@@ -14,6 +14,11 @@ struct CIMClass::Data : COWData<CIMClass::Data> {
     CIMMethodArray methods;
 };
 
+namespace
+{
+const char* const ASSOCIATION = "Association";
+} // namespace
+
 CIMClass::CIMClass() : m_data(new Data) {}
 
 CIMClass::CIMClass(CIMNULL_t) {}
@@ -161,7 +166,11 @@ String CIMClass::toString() const
 String CIMClass::toMOF() const
 {
     const Data& data = m_data.read();
-    String text = qualifiersMOF(data.qualifiers, ",\n ");
+    CIMQualifierArray qualifiers = data.qualifiers;
+    if (removeElement(qualifiers, ASSOCIATION)) { // MOF wants it first
+        qualifiers.insert(0, getQualifier(ASSOCIATION));
+    }
+    String text = qualifiersMOF(qualifiers, ",\n ");
     text += text.empty() ? "class " : "\nclass ";
     text += getName();
     if (data.superClass) {

@@ -72,9 +72,8 @@ bool CIMDataType::isArrayType() const
     return m_data.read().isArray;
 }
 
-bool CIMDataType::isNumericType() const
+bool CIMDataType::isNumericType(Type type)
 {
-    const Type type = getType();
     return (type >= UINT8 && type <= SINT64) || type == REAL32 || type == REAL64;
 }
 
@@ -136,6 +135,14 @@ String CIMDataType::toString() const
 String CIMDataType::toMOF() const
 {
     return isReferenceType() ? getRefClassName() + " " + toString() : toString();
+}
+
+String CIMDataType::getArrayMOF() const
+{
+    if (!isArrayType()) {
+        return "";
+    }
+    return getSize() == UNLIMITED ? String("[]") : "[" + String(getSize()) + "]";
 }
 
 CIMDataType CIMDataType::getDataType(const String& name)

@@ -70,6 +70,14 @@ CIMInstance CIMInstance::clone(ELocalOnlyFlag localOnly, EIncludeQualifiersFlag 
     return result;
 }
 
+CIMInstance CIMInstance::clone(ELocalOnlyFlag localOnly, EIncludeQualifiersFlag includeQualifiers,
+                               EIncludeClassOriginFlag includeClassOrigin,
+                               const StringArray& propertyList) const
+{
+    return clone(localOnly, includeQualifiers, includeClassOrigin,
+                 propertyList.empty() ? nullptr : &propertyList);
+}
+
 CIMInstance CIMInstance::filterProperties(const StringArray& propertyList,
                                           EIncludeQualifiersFlag includeQualifiers,
                                           EIncludeClassOriginFlag includeClassOrigin,

@@ -1,6 +1,7 @@
 #include "CIMObjectPathData.hpp"
 #include "NamedElements.hpp"
 #include "OW_NoSuchPropertyException.hpp"
+#include <tuple>
 
 namespace OpenWBEM
 {
@@ -179,6 +180,15 @@ bool CIMObjectPath::equals(const CIMObjectPath& arg) const
         same = key && key.getValue() == mine.keys[i].getValue();
     }
     return same;
+}
+
+bool operator<(const CIMObjectPath& lhs, const CIMObjectPath& rhs)
+{
+    const auto parts = [](const CIMObjectPath::Data& data) {
+        return std::make_tuple(data.nameSpace, data.protocol, data.host + ":" + String(data.port),
+                               data.className, data.keys);
+    };
+    return parts(lhs.m_data.read()) < parts(rhs.m_data.read());
 }
 
 CIMObjectPath& CIMObjectPath::syncWithClass(const CIMClass& cimClass)

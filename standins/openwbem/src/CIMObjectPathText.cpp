@@ -20,44 +20,44 @@ String takeUntil(size_t separator, String& rest)
     return taken;
 }
 
-// The position of the comma behind the first key, or the length; npos when a quotation mark has no
-// counterpart.
-size_t endOfKey(const String& keys)
+CIMProperty parsedKey(const String& name, String value)
 {
-    bool isQuoted = false;
-    size_t position = 0;
-    for (; position < keys.length() && (isQuoted || keys[position] != ','); ++position) {
-        if (keys[position] == '\\') {
-            ++position;
-        } else if (keys[position] == '"') {
-            isQuoted = !isQuoted;
-        }
-    }
-    return isQuoted ? size_t(String::npos) : position;
-}
-
-CIMProperty parsedKey(const String& key)
-{
-    const size_t equals = key.indexOf('=');
-    if (equals == String::npos) {
-        throwUnparsable(CIMException::NOT_FOUND, "Bad key in string (" + key + ")");
-    }
-    String value = key.substring(equals + 1);
     if (value.startsWith('"')) {
         value = value.substring(1, value.length() - 2);
     }
-    return CIMProperty(key.substring(0, equals), CIMValue(CIMObjectPath::unEscape(value)));
+    return CIMProperty(name, CIMValue(CIMObjectPath::unEscape(value)));
 }
 
-CIMPropertyArray parsedKeys(String rest)
+// Names and values in text. The last = outside of quotation marks ends a name. A key ends at a comma or with
+// the text, if its quotation marks are even. The first character of a further key is not looked at: a last
+// key of one character is lost. A comma at the end belongs to the value.
+CIMPropertyArray parsedKeys(const String& text)
 {
     CIMPropertyArray keys;
-    while (!rest.empty()) {
-        const size_t end = endOfKey(rest);
-        if (end == String::npos) {
-            break;
+    bool isQuoted = false;
+    size_t begin = 0;
+    size_t equals = String::npos;
+    for (size_t i = 0; i < text.length(); ++i) {
+        const char c = text.charAt(i);
+        if (c == '\\') {
+            ++i;
+        } else if (c == '"') {
+            isQuoted = !isQuoted;
+        } else if (c == '=' && !isQuoted) {
+            equals = i;
         }
-        keys.push_back(parsedKey(takeUntil(end, rest)));
+        const bool isLast = i + 1 >= text.length();
+        if (isQuoted || (c != ',' && !isLast)) {
+            continue;
+        }
+        if (equals == String::npos) {
+            throwUnparsable(CIMException::NOT_FOUND, "Bad key in string (" + text + ")");
+        }
+        const size_t end = isLast ? text.length() : i;
+        keys.push_back(
+            parsedKey(text.substring(begin, equals - begin), text.substring(equals + 1, end - equals - 1)));
+        begin = ++i;
+        equals = String::npos;
     }
     return keys;
 }
@@ -72,7 +72,7 @@ void CIMObjectPath::Data::takePlace(String& rest, const String& whole)
         rest = rest.substring(rest.startsWith('/') ? 1 : 0);
         return;
     }
-    protocol = rest.substring(0, colon);
+    protocol = colon == 0 ? protocol : rest.substring(0, colon);
     rest = rest.substring(colon + 3);
     const size_t slash = rest.indexOf('/');
     if (slash == String::npos) {

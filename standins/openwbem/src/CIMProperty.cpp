@@ -102,8 +102,9 @@ CIMDataType CIMProperty::getDataType() const
 CIMProperty& CIMProperty::setDataType(const CIMDataType& dataType)
 {
     CIMValue stored = m_data.read().value;
-    if (stored && (dataType.getType() == CIMDataType::CIMNULL || !isEmbedded(stored))) {
-        stored = CIMValueCast::castValueToDataType(stored, dataType);
+    if (stored) {
+        dataType.getType(); // throws when null
+        stored = isEmbedded(stored) ? stored : CIMValueCast::castValueToDataType(stored, dataType);
     }
     m_data.write().dataType = dataType;
     m_data.write().value = stored;
@@ -156,11 +157,12 @@ CIMProperty& CIMProperty::setQualifier(const CIMQualifier& qualifier)
 
 CIMProperty& CIMProperty::addQualifier(const CIMQualifier& qualifier)
 {
-    if (hasElement(m_data.read().qualifiers, qualifier.getName())) {
+    CIMQualifierArray& qualifiers = m_data.write().qualifiers;
+    if (!qualifiers.empty() && hasElement(qualifiers, qualifier.getName())) {
         const String message = "Qualifier " + qualifier.getName() + " already exists";
         throw CIMException(__FILE__, __LINE__, CIMException::ALREADY_EXISTS, message.c_str());
     }
-    m_data.write().qualifiers.push_back(qualifier);
+    qualifiers.push_back(qualifier);
     return *this;
 }
 

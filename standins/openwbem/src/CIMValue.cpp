@@ -49,24 +49,6 @@ bool sameContent(const T& lhs, const T& rhs)
 }
 
 template <class T>
-bool lessContent(const T& lhs, const T& rhs)
-{
-    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool> || std::is_same_v<T, String> ||
-                  std::is_same_v<T, Char16> || std::is_same_v<T, CIMDateTime>) {
-        return lhs < rhs;
-    } else if constexpr (IsArray<T>::value) {
-        for (size_t i = 0; i < lhs.size() && i < rhs.size(); ++i) {
-            if (!sameContent(lhs[i], rhs[i])) {
-                return lessContent(lhs[i], rhs[i]);
-            }
-        }
-        return lhs.size() < rhs.size();
-    } else {
-        return lhs.toString() < rhs.toString();
-    }
-}
-
-template <class T>
 CIMValue simpleValue(T value)
 {
     return CIMValue(value);
@@ -200,12 +182,14 @@ bool CIMValue::operator<(const CIMValue& arg) const
     if (m_data.isNull() || arg.m_data.isNull()) {
         return m_data.isNull() && !arg.m_data.isNull();
     }
+    if (m_data.isSharedWith(arg.m_data)) {
+        return false; // also when it holds what has no order
+    }
     const CIMContent& others = arg.m_data.read().content;
-    return sameType(arg) && std::visit(
-                                [&others](const auto& mine) {
-                                    return lessContent(mine, std::get<std::decay_t<decltype(mine)>>(others));
-                                },
-                                m_data.read().content);
+    return sameType(arg) &&
+           std::visit(
+               [&others](const auto& mine) { return mine < std::get<std::decay_t<decltype(mine)>>(others); },
+               m_data.read().content);
 }
 
 CIMValue CIMValue::createSimpleValue(const String& cimType, const String& text)

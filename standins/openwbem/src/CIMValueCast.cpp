@@ -63,6 +63,7 @@ CIMValue castScalar(const CIMValue& value, const CIMDataType& type)
     }
 }
 
+// Those of an array are arrays of one, whose text is another one than that of a single character.
 CIMValueArray elementsOf(const CIMValue& value)
 {
     CIMValueArray elements;
@@ -74,7 +75,7 @@ CIMValueArray elementsOf(const CIMValue& value)
         Array<typename decltype(tag)::type> held;
         value.get(held);
         for (const auto& element : held) {
-            elements.push_back(CIMValue(element));
+            elements.push_back(CIMValue(Array<typename decltype(tag)::type>(1, element)));
         }
     };
     withCppType(value.getType(), collect, TypeTag<CIMContent>());

@@ -36,9 +36,7 @@ String elementToString(const T& element)
 template <class T>
 String scalarToMOF(const T& scalar)
 {
-    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool>) {
-        return scalarToString(scalar);
-    } else if constexpr (std::is_same_v<T, Char16>) {
+    if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, Bool> || std::is_same_v<T, Char16>) {
         return scalarToString(scalar);
     } else if constexpr (std::is_same_v<T, CIMObjectPath>) {
         return scalar.toMOF();
@@ -47,13 +45,24 @@ String scalarToMOF(const T& scalar)
     }
 }
 
+// Objects in an array stand as they are, without quotation marks.
+template <class T>
+String elementToMOF(const T& element)
+{
+    if constexpr (std::is_same_v<T, Char16> || std::is_same_v<T, CIMObjectPath> ||
+                  std::is_same_v<T, CIMClass> || std::is_same_v<T, CIMInstance>) {
+        return element.toString();
+    } else {
+        return scalarToMOF(element);
+    }
+}
+
 template <class T, class Render>
 String joined(const Array<T>& elements, Render render)
 {
-    String text("");
-    for (size_t i = 0; i < elements.size(); ++i) {
-        text += i ? "," : "";
-        text += render(elements[i]);
+    String text = elements.empty() ? String("") : render(elements[0]);
+    for (size_t i = 1; i < elements.size(); ++i) {
+        text += "," + render(elements[i]);
     }
     return text;
 }
@@ -80,7 +89,7 @@ String contentToMOF(const CIMContent& content)
         [](const auto& held) -> String {
             using T = std::decay_t<decltype(held)>;
             if constexpr (IsArray<T>::value) {
-                return "{" + joined(held, scalarToMOF<typename IsArray<T>::Element>) + "}";
+                return "{" + joined(held, elementToMOF<typename IsArray<T>::Element>) + "}";
             } else {
                 return scalarToMOF(held);
             }

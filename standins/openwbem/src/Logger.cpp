@@ -11,10 +11,11 @@ const String Logger::STR_ERROR_CATEGORY("ERROR");
 const String Logger::STR_INFO_CATEGORY("INFO");
 const String Logger::STR_DEBUG_CATEGORY("DEBUG");
 const String Logger::STR_ALL_CATEGORY("ALL");
+const String Logger::STR_DEFAULT_COMPONENT("none");
 
 OW_DEFINE_NUMBERED_EXCEPTION(Logger, 24)
 
-Logger::Logger(const ELogLevel logLevel) : m_logLevel(logLevel), m_defaultComponent("none") {}
+Logger::Logger(const ELogLevel logLevel) : Logger(STR_DEFAULT_COMPONENT, logLevel) {}
 
 Logger::Logger(const String& defaultComponent, const ELogLevel logLevel)
     : m_logLevel(logLevel), m_defaultComponent(defaultComponent)
@@ -108,6 +109,21 @@ void Logger::setLogLevel(const String& logLevel)
     } else {
         setLogLevel(E_FATAL_ERROR_LEVEL);
     }
+}
+
+void Logger::setDefaultComponent(const String& component)
+{
+    m_defaultComponent = component;
+}
+
+String Logger::getDefaultComponent() const
+{
+    return m_defaultComponent;
+}
+
+bool Logger::categoryIsEnabled(const String&) const
+{
+    return true;
 }
 
 LoggerRef Logger::clone() const

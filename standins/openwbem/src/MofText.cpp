@@ -44,11 +44,7 @@ String propertyQualifiersMOF(const CIMProperty& property)
 
 String declarationMOF(const CIMDataType& type, const String& name)
 {
-    String text = type.toMOF() + " " + name;
-    if (type.isArrayType()) {
-        text += type.getSize() < 1 ? String("[]") : "[" + String(type.getSize()) + "]";
-    }
-    return text;
+    return type.toMOF() + " " + name + type.getArrayMOF();
 }
 
 } // namespace OpenWBEM

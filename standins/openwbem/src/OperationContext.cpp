@@ -7,6 +7,7 @@ namespace OpenWBEM
 OW_DEFINE_NUMBERED_EXCEPTION(ContextDataNotFound, 30)
 
 const char* const OperationContext::USER_NAME = "USER_NAME";
+const char* const OperationContext::HTTP_PATH = "HTTP_PATH";
 
 namespace
 {

@@ -1,3 +1,5 @@
+#include "OW_CIMDateTime.hpp"
+#include "OW_Char16.hpp"
 #include "OW_String.hpp"
 #include <cerrno>
 #include <cmath>
@@ -111,6 +113,19 @@ Int16 String::toInt16(int base) const
 UInt32 String::toUInt32(int base) const
 {
     return integer<UInt32, unsigned long>(*this, m_data.isNull(), base, "UInt32");
+}
+
+Char16 String::toChar16() const
+{
+    if (UTF8Length() != 1) {
+        throwConversion(*this, "Char16");
+    }
+    return Char16(*this);
+}
+
+CIMDateTime String::toDateTime() const
+{
+    return CIMDateTime(*this);
 }
 
 Int32 String::toInt32(int base) const
