@@ -1,0 +1,70 @@
+// Compiled after each header alone: a line whose type is not complete is an error.
+namespace OpenWBEM
+{
+
+static_assert(sizeof(String) > 0);
+static_assert(sizeof(Bool) > 0);
+static_assert(sizeof(Char16) > 0);
+static_assert(sizeof(StringArray) > 0);
+static_assert(sizeof(UInt16Array) > 0);
+static_assert(sizeof(BoolArray) > 0);
+static_assert(sizeof(IntrusiveReference<IntrusiveCountableBase>) > 0);
+static_assert(sizeof(IntrusiveCountableBase) > 0);
+static_assert(sizeof(SharedLibraryReference<IntrusiveReference<IntrusiveCountableBase>>) > 0);
+static_assert(sizeof(SharedLibrary) > 0);
+static_assert(sizeof(SharedLibraryRef) > 0);
+static_assert(sizeof(Exception) > 0);
+static_assert(sizeof(CIMException) > 0);
+static_assert(sizeof(NoSuchPropertyException) > 0);
+static_assert(sizeof(NULLValueException) > 0);
+static_assert(sizeof(NoSuchQualifierException) > 0);
+static_assert(sizeof(OutOfBoundsException) > 0);
+static_assert(sizeof(StringConversionException) > 0);
+static_assert(sizeof(ValueCastException) > 0);
+static_assert(sizeof(CIMDateTimeException) > 0);
+static_assert(sizeof(DateTimeException) > 0);
+static_assert(sizeof(ContextDataNotFoundException) > 0);
+static_assert(sizeof(LoggerException) > 0);
+static_assert(sizeof(Logger) > 0);
+static_assert(sizeof(LoggerRef) > 0);
+static_assert(sizeof(LogMessage) > 0);
+static_assert(sizeof(ELogLevel) > 0);
+static_assert(sizeof(OperationContext) > 0);
+static_assert(sizeof(Format) > 0);
+static_assert(sizeof(StringBuffer) > 0);
+static_assert(sizeof(OStringStream) > 0);
+static_assert(sizeof(CIMNULL_t) > 0);
+static_assert(sizeof(CIMName) > 0);
+static_assert(sizeof(CIMBase) > 0);
+static_assert(sizeof(CIMElement) > 0);
+static_assert(sizeof(CIMDataType) > 0);
+static_assert(sizeof(CIMDateTime) > 0);
+static_assert(sizeof(DateTime) > 0);
+static_assert(sizeof(CIMValue) > 0);
+static_assert(sizeof(CIMProperty) > 0);
+static_assert(sizeof(CIMQualifier) > 0);
+static_assert(sizeof(CIMQualifierType) > 0);
+static_assert(sizeof(CIMFlavor) > 0);
+static_assert(sizeof(CIMParamValue) > 0);
+static_assert(sizeof(CIMObjectPath) > 0);
+static_assert(sizeof(CIMInstance) > 0);
+static_assert(sizeof(CIMClass) > 0);
+static_assert(sizeof(CIMMethod) > 0);
+static_assert(sizeof(CIMParameter) > 0);
+static_assert(sizeof(ResultHandlerIFC<CIMInstance>) > 0);
+static_assert(sizeof(CIMInstanceArrayBuilder) > 0);
+static_assert(sizeof(CIMOMHandleIFC) > 0);
+static_assert(sizeof(CIMOMHandleIFCRef) > 0);
+static_assert(sizeof(RepositoryIFC) > 0);
+static_assert(sizeof(ProviderEnvironmentIFC) > 0);
+static_assert(sizeof(ProviderEnvironmentIFCRef) > 0);
+static_assert(sizeof(CppProviderBaseIFC) > 0);
+static_assert(sizeof(CppInstanceProviderIFC) > 0);
+static_assert(sizeof(CppMethodProviderIFC) > 0);
+static_assert(sizeof(InstanceProviderInfo) > 0);
+static_assert(sizeof(MethodProviderInfo) > 0);
+static_assert(sizeof(InstClassInfo) > 0);
+static_assert(sizeof(WBEMFlags::EDeepFlag) > 0);
+static_assert(sizeof(UInt16) > 0);
+
+} // namespace OpenWBEM
