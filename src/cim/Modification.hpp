@@ -7,8 +7,9 @@
 namespace cim
 {
 
-/// Hands the properties of `instance` to the model one by one, in the instance's order. The first one that a
-/// setter refuses, which it does with 0 or false, ends that with a failure; those before it stay set.
+/// Hands the properties of `instance` to the model one by one, in the instance's order. A setter refuses a
+/// property by returning 0 or false. The first refusal ends the change with a failure; the properties before
+/// it stay set.
 template <typename Model, typename Result>
 void applyProperties(const OpenWBEM::CIMInstance& instance, const PropertyTable<Model, Result>& table,
                      Model& model, reporting::SourcePlace where)

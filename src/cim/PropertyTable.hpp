@@ -16,7 +16,7 @@ namespace cim
 
 using Qualifiers = OpenWBEM::Array<OpenWBEM::CIMQualifier>;
 
-/// A property's value in exactly its CIM type, or nothing when an instance goes without the property.
+/// A property's value in exactly its CIM type, or nothing when the instance is not to have the property.
 using Value = std::optional<OpenWBEM::CIMValue>;
 
 /// The properties of one CIM class, in the order in which an instance carries them, and how each passes
@@ -45,7 +45,8 @@ class PropertyTable
     {
     }
 
-    /// Replaces the properties of `instance` by the model's. One without a value is left as it was.
+    /// Replaces the properties of `instance` by the model's. A property for which the model has no value
+    /// stays as it was.
     void fill(OpenWBEM::CIMInstance& instance, const Model& model) const
     {
         for (const Row* row = m_begin; row != m_end; ++row) {
@@ -53,8 +54,8 @@ class PropertyTable
             const Value value = row->read(model, qualifiers);
             if (!value)
                 continue;
-            // By name and value, the value would be cast to the type that a reused instance already holds:
-            // "" would become 0.
+            // Setting it by name and value would cast the value to the type that a reused instance already
+            // holds: "" would become 0.
             OpenWBEM::CIMProperty property(row->name, *value);
             property.setQualifiers(qualifiers);
             instance.setProperty(property);
@@ -75,8 +76,8 @@ class PropertyTable
         return found;
     }
 
-    /// The row by which a property that a client has sent is set. Names are compared exactly. Null for what
-    /// is passed over: an unknown property, one that clients cannot set, one without a value.
+    /// The row by which a property that a client has sent is set. Names are compared exactly. Null for a
+    /// property that is passed over: it is unknown, clients cannot set it, or it has no value.
     const Row* rowToSet(const OpenWBEM::CIMProperty& sent) const
     {
         if (!sent.getValue())

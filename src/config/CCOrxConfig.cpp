@@ -87,7 +87,7 @@ void CCOrxConfig::writeEntries()
     m_list.GetKeys(keys.data(), m_list.GetCount());
     const char* separator = m_style == BlankSeparated ? "   " : "=";
     for (const CCOrxConfigObj& key : keys) {
-        // Kept: the value is looked up by key, so that all entries with one key get the value of the first.
+        // Kept: the value is looked up by key, so all entries with one key get the value of the first.
         CCOrxConfigObj value;
         m_list.Find(value, key);
         const bool firstNameserver = m_style == BlankSeparated && key.text() == faketoken;

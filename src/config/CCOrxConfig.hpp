@@ -8,8 +8,8 @@
 #include <cstdint>
 #include <string>
 
-/// The keyword of a resolver file's name server lines, and the key under which the first of them is kept, so
-/// that it can be told from the others and is written first.
+/// The keyword of a resolver file's name server lines. The first of these lines is kept under the key
+/// `faketoken`, which tells it from the others and has it written before them.
 inline constexpr char specialtoken[] = "nameserver";
 inline constexpr char faketoken[] = "DNS";
 
@@ -30,8 +30,8 @@ class CCOrxConfig
     static constexpr std::int32_t BlankSeparated = 1;  ///< "key   value", "nameserver" lines set apart
     static constexpr std::int32_t EqualsSeparated = 2; ///< "key=value", blanks belonging to either
 
-    /// Reads the file at `path`, of at most 255 characters. A file that cannot be opened, or a longer path,
-    /// leaves the store empty and Commit without a file to write.
+    /// Reads the file at `path`, of at most 255 characters. When the path is longer or the file cannot be
+    /// opened, the store stays empty and Commit writes nothing.
     CCOrxConfig(const char* path, std::int32_t style);
     CCOrxConfig(const CCOrxConfig&) = delete;
     CCOrxConfig& operator=(const CCOrxConfig&) = delete;
@@ -40,9 +40,8 @@ class CCOrxConfig
     /// Closes the stream if one is open.
     void Close();
 
-    /// Writes every entry to the file, whose previous content is kept beside it under the path with ".0"
-    /// appended. When the file could not be read at construction, or cannot be created now, it returns
-    /// without writing.
+    /// Writes every entry to the file. The former file is kept beside it, under the path with ".0" appended.
+    /// When the file could not be read at construction, or cannot be created now, it returns without writing.
     void Commit();
 
     /// Copies the value of the first entry with `key`, or the empty text, into `out`. There is no limit: the

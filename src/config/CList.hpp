@@ -16,8 +16,8 @@
 /// Nodes come from a pool that is filled a block at a time and goes back to the system only with ClearAll, so
 /// a file of up to 256 entries costs one allocation of nodes.
 ///
-/// A returned node belongs to the list and is valid until it is freed or the list is cleared. Where the
-/// system has no more memory, std::bad_alloc leaves the operation.
+/// A returned node belongs to the list and is valid until it is freed or the list is cleared. An operation
+/// throws std::bad_alloc when there is no memory left.
 template <typename Key, typename Value>
 class CList
 {
@@ -50,7 +50,7 @@ class CList
         return AddTail(value, key);
     }
 
-    /// Adds an entry in front. Keeping the order is the caller's business, as it is with AddTail.
+    /// Adds an entry in front. The caller keeps the order, here and with AddTail.
     Node* AddHead(const Value& value, const Key& key)
     {
         m_head = makeNode(value, key, m_head);
@@ -111,8 +111,8 @@ class CList
         m_count = 0;
     }
 
-    /// Takes a node out of the pool, which is refilled first when it is empty, and counts it as an entry. Key
-    /// and value are empty; the caller links it in.
+    /// Takes a node out of the pool and counts it as an entry. An empty pool is refilled first. Key and value
+    /// are empty; the caller links it in.
     Node* NewNode(Node* next)
     {
         if (!m_pool)

@@ -12,7 +12,7 @@
 /// Returns 0, or -1 when `value` is null.
 int kv_get_netfilter_config(const char* key, unsigned* value);
 
-/// Stores one switch, if the file has a line for it, and rewrites the file, of which a copy is kept under its
+/// Stores one switch if the file has a line for it, and rewrites the file. The former file is kept under its
 /// name with ".0" appended. Values above INT_MAX come out negative. Always returns 0: failures of the file
 /// are not reported.
 int kv_set_netfilter_config(const char* key, unsigned value);

@@ -5,8 +5,8 @@ namespace dscp
 
 using Service = ORX_ALGService;
 
-// A menu value of the video flow that cannot be written is reported under the name of the voice flow: the
-// operators' log filters know this text.
+// When the video flow's menu value cannot be written, the log names the voice flow: the operators' log
+// filters know this text.
 const std::array<MarkingFlow, 4> markingFlows = {{
     // clang-format off
     {"voipsigmenu", "voipsigtosbyte", &Service::setQoSMarkVOIPSignaling, &Service::setTOSByteSignaling, 0xA4, 0xA0,

@@ -20,7 +20,7 @@ struct Marking {
     std::uint16_t tosByte = 0;
 };
 
-/// What tells one kind of marked traffic from another: everything else about the four flows is the same.
+/// What differs between the four kinds of marked traffic. Everything else about them is the same.
 struct MarkingFlow {
     using Setter = ORX_ALGService::Status (ORX_ALGService::*)(std::uint16_t);
 

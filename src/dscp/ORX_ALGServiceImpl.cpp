@@ -31,8 +31,8 @@ unsigned int writeBoth(const MarkingFlow& flow, const Marking& marking)
     return failures;
 }
 
-// Each outcome also logs what the later ones log, even a menu value as written that was not: readers of the
-// log count these lines.
+// Each case also logs what the cases below it log. So a menu value that failed is logged as written: readers
+// of the log count these lines.
 void logWritten(unsigned int failures, const MarkingFlow& flow, const Marking& marking)
 {
     switch (failures) {

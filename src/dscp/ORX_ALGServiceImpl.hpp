@@ -9,7 +9,8 @@
 #include <string>
 
 /// The marking service whose settings live in the server's registry. Setters only change the object, without
-/// any check; endChange writes what differs from the registry. A new object marks nothing: false and zeros.
+/// any check; endChange writes what differs from the registry. In a new object the switch is off and all
+/// markings are 0.
 class ORX_ALGServiceImpl : public ORX_ALGService
 {
   public:

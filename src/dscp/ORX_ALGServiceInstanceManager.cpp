@@ -57,7 +57,7 @@ void ORX_ALGServiceInstanceManager::remove(ORX_ALGService* service)
     if (entry == services.end())
         return;
     if (entry == cursor)
-        ++cursor; // the object that an iteration would have returned next is gone
+        ++cursor; // the iteration's next object is gone
     services.erase(entry);
 }
 

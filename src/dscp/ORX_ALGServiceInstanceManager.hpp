@@ -8,8 +8,8 @@
 class ORX_ALGService;
 
 /// The registry through which every marking service object is created, found, enumerated and destroyed. It
-/// never owns its objects: they add and remove themselves. It knows one iteration at a time and takes no
-/// lock, because requests reach this subsystem one by one.
+/// never owns its objects: they add and remove themselves. It allows one iteration at a time and takes no
+/// lock, because requests reach it one by one.
 ///
 /// This base class can neither create nor destroy objects; a concrete manager overrides both.
 class ORX_ALGServiceInstanceManager
@@ -33,7 +33,7 @@ class ORX_ALGServiceInstanceManager
 
     /// Stores `service` under its key, in place of any other object there, which stays alive.
     virtual void add(ORX_ALGService* service);
-    /// Erases whatever is stored under the key of `service`; no effect if nothing is. Nothing is deleted.
+    /// Erases the entry under the key of `service`, if there is one. Deletes no object.
     virtual void remove(ORX_ALGService* service);
     /// Throws CFG_NoInstance if no object is stored under these keys.
     virtual ORX_ALGService* get(const std::string& systemCreationClassName, const std::string& systemName,
@@ -47,8 +47,8 @@ class ORX_ALGServiceInstanceManager
     virtual void endIteration();
 
   protected:
-    /// Keyed by the four key texts run together. Nothing separates them, so "AB" and "C" meet "A" and "BC" in
-    /// one entry; that is accepted, and existing object paths depend on nothing else.
+    /// Keyed by the four key texts run together. Kept: nothing separates them, so "AB" and "C" share an entry
+    /// with "A" and "BC".
     using Services = std::map<std::string, ORX_ALGService*>;
     Services services;
 

@@ -90,7 +90,8 @@ ORX_ALGService& createService(const CIMInstance& instance)
     }
 }
 
-/// Takes back an object whose creation failed half-way. That failure is the one to report, not a further one.
+/// Deletes an object whose creation failed half-way. A failure to delete it is dropped: the first one is
+/// reported.
 void discardService(ORX_ALGService& service)
 {
     try {
@@ -118,7 +119,7 @@ void applyProperty(ORX_ALGService& service, const CIMProperty& sent)
     const CIMValue value = sent.getValue();
     checkLength(*property, value);
     const Status status = property->set(service, value);
-    // "$prop.getName()" is no mistake to mend: clients match this text as it stands.
+    // "$prop.getName()" stays as it is: clients match this text.
     if (status == ORX_ALGService::InvalidValue)
         fail({unit, __LINE__}, CIMException::INVALID_PARAMETER,
              withIdentifier("The value of $prop.getName() is invalid.\n",

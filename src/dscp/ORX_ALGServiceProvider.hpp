@@ -18,10 +18,10 @@
 /// Serves the CIM class ORX_ALGService: translates between CIM instances and the service objects of the
 /// current instance manager. It keeps no state and expects one request at a time.
 ///
-/// Failures leave as CIMException and are never written to the object manager's log: 6 (not found) and 17
-/// (method not found) without a text, 1, 4 and 7 with an identifier or a status number between two number
-/// signs. What OpenWBEM raises for a value of the wrong type, and what a result handler raises, passes
-/// through.
+/// Failures leave as CIMException and are never written to the object manager's log. Codes 6 (not found) and
+/// 17 (method not found) have no text; 1, 4 and 7 have an identifier or a status number between two number
+/// signs. What OpenWBEM throws for a value of the wrong type passes through, and so does what a result
+/// handler throws.
 class ORX_ALGServiceProvider : public virtual OpenWBEM::CppInstanceProviderIFC,
                                public OpenWBEM::CppMethodProviderIFC
 {
@@ -55,7 +55,7 @@ class ORX_ALGServiceProvider : public virtual OpenWBEM::CppInstanceProviderIFC,
                                       const OpenWBEM::StringArray* propertyList,
                                       const OpenWBEM::CIMClass& cimClass) override;
 
-    /// The new object exists in memory only. It is gone again if it refuses the instance. A value of the
+    /// The new object exists in memory only. If it refuses the instance, it is deleted again. A value of the
     /// wrong type ends the creation, too, but leaves the object.
     OpenWBEM::CIMObjectPath createInstance(const OpenWBEM::ProviderEnvironmentIFCRef& env,
                                            const OpenWBEM::String& ns,
@@ -80,9 +80,9 @@ class ORX_ALGServiceProvider : public virtual OpenWBEM::CppInstanceProviderIFC,
                                     OpenWBEM::CIMParamValueArray& out) override;
 
   private:
-    /// Applies every writable, non-null property of `instance` to `service`, in the instance's order. A
-    /// property that the service refuses ends it: earlier ones keep their new values in memory, and endChange
-    /// is not called.
+    /// Applies every writable, non-null property of `instance` to `service`, in the instance's order. The
+    /// first property that the service refuses ends the change: earlier ones keep their new values in memory,
+    /// and endChange is not called.
     void modifyInstance(ORX_ALGService& service, const OpenWBEM::CIMInstance& instance);
 
     /// Sets the properties that `service` supports. Others keep what `instance` held.

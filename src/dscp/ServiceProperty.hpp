@@ -12,7 +12,7 @@ using ServiceProperties = cim::PropertyTable<ORX_ALGService, ORX_ALGService::Sta
 /// The properties of the CIM class ORX_ALGService. A setter returns what the service's own returns.
 extern const ServiceProperties serviceProperties;
 
-/// Its first properties are its keys.
+/// The number of its keys, which are its first properties.
 constexpr std::size_t numberOfServiceKeys = 4;
 
 } // namespace dscp

@@ -12,7 +12,7 @@ namespace dscp
 constexpr const char* enabledKey = "KLonKLEnabled";
 
 /// Reads one value. Returns 0, or the platform's status on failure; `value` then keeps what it held, unless
-/// the registry has left something else there.
+/// the registry wrote something else there.
 unsigned int readSetting(const char* key, std::uint16_t& value);
 
 /// Writes one value, creating it if needed. Returns 0, or the platform's status on failure.

@@ -14,7 +14,7 @@ constexpr unsigned long DscLogError = 1;
 constexpr unsigned long DscLogWarning = 4;
 constexpr unsigned long DscLogNote = 8;
 
-/// What callers pass for the first argument of dscLogLevel and dscLogLevelFormat, which nothing reads.
+/// What callers pass as the first argument of dscLogLevel and dscLogLevelFormat. Nothing reads it.
 constexpr unsigned long DscLogUnused = 3;
 
 /// Appends `text` as it stands.

@@ -6,8 +6,8 @@
 #include <OW_String.hpp>
 
 /// The commands by which a change of an interface reaches the server. Values are put into the command lines
-/// as they are. What a command answers is not looked at, but for those that go through invokeCommand: a
-/// failing one throws.
+/// as they are. Commands that go through invokeCommand throw when they fail. What the others answer is not
+/// looked at.
 
 /// Rewrites one key of the interface's configuration file, under the LAN semaphore.
 void storeInterfaceValue(const OpenWBEM::String& ifName, const char* key, const OpenWBEM::String& value);

@@ -8,8 +8,8 @@
 int sendEmsNotice(unsigned int interfaces);
 
 /// What the element-management service calls with each packet that answers a notice, possibly on a thread of
-/// its library. Writes to the system log at notice level what came, reading the packet byte by byte as it is
-/// packed and big-endian, and always returns 0: an answer never influences a change.
+/// its library. Writes what came to the system log, at notice level. Reads the packet byte by byte, because
+/// it is packed and big-endian. Always returns 0: an answer never influences a change.
 extern "C" int EmsIPChangePacketHandler(sEmsPacket* packet);
 
 #endif

@@ -21,7 +21,7 @@ using OpenWBEM::UInt16;
 using OpenWBEM::UInt64;
 using Endpoint = ORX_LANEndpoint;
 
-constexpr const char* unit = "ORX_LANEndpointProvider.cpp"; // the table is the provider's
+constexpr const char* unit = "ORX_LANEndpointProvider.cpp"; // failures of the table are the provider's
 
 // Readers.
 
@@ -50,7 +50,7 @@ Value readWithWarning(const Endpoint& endpoint, Qualifiers& warning)
     return CIMValue(CimType(value));
 }
 
-// The name is the base's, whose members GCC 12 takes for those of an unrelated type in the template above.
+// getName is a member of the base class. The template above cannot take it: GCC 12 sees an unrelated type.
 Value readName(const Endpoint& endpoint, Qualifiers&)
 {
     String name;

@@ -7,7 +7,7 @@
 /// The properties of the CIM class ORX_LANEndpoint. A setter's 0 refuses the value.
 extern const cim::PropertyTable<ORX_LANEndpoint, int> endpointProperties;
 
-/// Its first properties are its keys.
+/// The number of its keys, which are its first properties.
 constexpr std::size_t numberOfEndpointKeys = 4;
 
 // The keys that all endpoints share. Clients match on these values. Kept: the system's class name is the

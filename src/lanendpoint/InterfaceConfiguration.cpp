@@ -38,8 +38,8 @@ bool readFile(const String& path, std::string& content)
     return true;
 }
 
-// Takes the tokens of an interface file as keys and values by turns. Comments and keys without a value shift
-// the pairing: the server's own tools write files that have neither. A value missing at the end is empty.
+// Takes the tokens of an interface file as keys and values in turn. A comment or a key without a value would
+// shift the pairing, but the server's own tools write neither. A value missing at the end is empty.
 void takeSettings(const StringArray& tokens, InterfaceConfiguration& configuration)
 {
     for (StringArray::size_type i = 0; i < tokens.size(); i += 2) {

@@ -31,10 +31,10 @@ struct AddressInForce {
 
 AddressInForce addressInForce(const OpenWBEM::String& name);
 
-/// Reads what is stored for the interface `name` into `configuration`. What the interface's file does not say
-/// keeps its value; a file that cannot be opened says nothing. For "eth1", the customer LAN, an address that
-/// comes from DHCP is the one in force, and the gateway is the system's default gateway. Unknown content is
-/// never an error.
+/// Reads what is stored for the interface `name` into `configuration`. What the interface's file does not
+/// name keeps its value, and so does everything when the file cannot be opened. Unknown content is never an
+/// error. For "eth1", the customer LAN, the gateway is the system's default gateway; address and mask are
+/// those in force if they come from DHCP.
 void readInterfaceConfiguration(const OpenWBEM::String& name, InterfaceConfiguration& configuration);
 
 #endif

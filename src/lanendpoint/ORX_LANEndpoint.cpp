@@ -61,8 +61,9 @@ bool isServerInterface(const String& ifName)
     return false;
 }
 
-// The MTU of the registry, which is given the interface's own when it has none. The kernel knows an interface
-// by other names, too ("eth1:x" is eth1); for these nothing is stored, lest made-up names fill the registry.
+// The MTU in the registry. When there is none, the interface's own is stored and returned. The kernel knows
+// an interface by other names, too ("eth1:x" is eth1). Nothing is stored for these, or made-up names would
+// fill the registry.
 std::uint16_t storedMtu(const String& ifName)
 {
     std::uint16_t mtu = 0;

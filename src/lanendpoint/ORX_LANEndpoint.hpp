@@ -12,9 +12,9 @@
 /// One Ethernet interface of the server as management clients see it: the stored IP configuration of the
 /// base, the MTU of the registry and the state of the live interface. A plain value, built for one request.
 ///
-/// Operations return 1 for success and 0 for failure. Those that throw, throw CIM_ERR_FAILED and have logged
-/// the text at error level before. Getters that take an array append an "ImpactWarning" qualifier, which
-/// tells clients what a change of the value does to the server; the array is never cleared.
+/// Operations return 1 for success and 0 for failure. Those that throw log the text at error level and throw
+/// it as CIM_ERR_FAILED. Getters that take an array append an "ImpactWarning" qualifier, which tells clients
+/// what a change of the value does to the server; the array is never cleared.
 class ORX_LANEndpoint : public ORX_LANEndpointAPI
 {
   public:
@@ -30,13 +30,13 @@ class ORX_LANEndpoint : public ORX_LANEndpointAPI
     void init();
 
     /// Reads the live interface and the stored data. 0 when the interface cannot be queried; the fields are
-    /// then left alone. An MTU that the registry lacks is stored there: the live one, or 1500 when the kernel
-    /// does not tell.
+    /// then left alone. When the registry has no MTU, the live one is stored there, or 1500 when the kernel
+    /// does not tell it.
     int get();
 
-    /// Translates between interface names and descriptions ("eth1" and "Customer LAN"), exactly. Throws
-    /// "Cannot find the corresponding if interface" with the identifier "LAN_ERROR_noIFNameMapping" when
-    /// there is no such text.
+    /// Translates between interface names and descriptions ("eth1" and "Customer LAN"). Texts are compared
+    /// exactly. Throws "Cannot find the corresponding if interface" with the identifier
+    /// "LAN_ERROR_noIFNameMapping" when no interface has that name or description.
     OpenWBEM::String getMapping(const OpenWBEM::String& value, bool toDescription) const;
 
     /// The hardware address: six two-digit lower-case hexadecimal numbers joined by colons.
@@ -45,8 +45,8 @@ class ORX_LANEndpoint : public ORX_LANEndpointAPI
     /// The MTU in bytes.
     int getMaxDataSize(int& maxDataSize) const;
 
-    /// Sets the MTU, 68 to 1500 bytes, of the live interface and in the registry at once. Throws when it is
-    /// out of the range or the kernel refuses it.
+    /// Sets the MTU, 68 to 1500 bytes, at once: of the live interface and in the registry. Throws when it is
+    /// out of range or the kernel refuses it.
     int setMaxDataSize(int maxDataSize);
 
     int getIPAddress(OpenWBEM::String& ipAddress, OpenWBEM::Array<OpenWBEM::CIMQualifier>& qualifiers) const;

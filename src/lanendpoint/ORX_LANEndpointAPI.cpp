@@ -169,7 +169,7 @@ ChangeOutcome ORX_LANEndpointAPI::checkMask() const
 }
 
 // An empty gateway stands for the interface itself. With a router card in the server, the gateway must be
-// another machine. Kept: clients read of an invalid address.
+// another machine. Kept: clients are told of an invalid address.
 ChangeOutcome ORX_LANEndpointAPI::checkGateway() const
 {
     const String& ipAddress = m_configuration.ipAddress;
@@ -207,7 +207,7 @@ void ORX_LANEndpointAPI::applyGateway(const String& oldGateway) const
     informDhcpService();
 }
 
-// The internal LAN, eth0, is none of the DHCP service's business.
+// The DHCP service is not told of the internal LAN, eth0.
 void ORX_LANEndpointAPI::informDhcpService() const
 {
     if (interfaceDigit() != '0')

@@ -41,14 +41,14 @@ class ORX_LANEndpointAPI
     int getGateway(OpenWBEM::String& gateway) const;
     int getIsDHCPEnabled(bool& isDhcpEnabled) const;
 
-    // Between startChange and endChange these record the new value; outside they call endChange at once, and
-    // its outcome is lost. Always 0.
+    // Between startChange and endChange these only record the new value. Otherwise they call endChange at
+    // once, and its outcome is lost. Always 0.
     int setIPAddress(const OpenWBEM::String& ipAddress);
     int setSubnetMask(const OpenWBEM::String& subnetMask);
     int setGateway(const OpenWBEM::String& gateway);
 
-    /// Switches between DHCP and a fixed address at once. The fixed address is the one that is in force.
-    /// Nothing happens when there is nothing to switch, and never to "eth0", the internal LAN. Always 0.
+    /// Switches between DHCP and a fixed address at once. The fixed address is the one in force. Nothing
+    /// happens when the interface is already as wanted, or is "eth0", the internal LAN. Always 0.
     int setIsDHCPEnabled(const bool& isDhcpEnabled);
 
     /// Begins a change. Always 1.
@@ -58,19 +58,18 @@ class ORX_LANEndpointAPI
     /// ChangeOutcome. However it ends, the change is no longer in progress.
     int endChange();
 
-    /// Whether `mask` is four dotted numbers that make up a mask without gaps, 0.0.0.0 and 255.255.255.255
-    /// included: 1 or 0.
+    /// Whether `mask` is a mask, as isMask in AddressRules.hpp says: 1 or 0.
     int isMaskValid(const OpenWBEM::String& mask) const;
 
-    /// Whether the network of `ip` and `mask` neither contains nor lies in that of another interface: 1 or 0.
-    /// An interface without an address is passed over; one whose address cannot be read makes this 0.
+    /// Whether the network of `ip` and `mask` neither contains another interface's network nor lies in it: 1
+    /// or 0. An interface without an address is passed over; one whose address cannot be read makes this 0.
     int uniqueSubnet(const OpenWBEM::String& ip, const OpenWBEM::String& mask) const;
 
     /// Whether `ip` has a bit set outside of `mask`: 1 or 0. A broadcast address passes.
     int isHostAddressNonZero(const OpenWBEM::String& ip, const OpenWBEM::String& mask) const;
 
-    /// Tells the element-management service that the interface's address has changed, and takes a second for
-    /// it. 0, or -1 with a line in the system log.
+    /// Tells the element-management service that the interface's address has changed. Takes a second. Returns
+    /// 0, or -1 with a line in the system log.
     int notifyEMS();
 
   private:

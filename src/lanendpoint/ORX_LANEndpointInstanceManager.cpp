@@ -11,8 +11,8 @@
 namespace
 {
 
-// Kept: the code is not appended to the text. It cuts off as many of its first characters, none when it is
-// negative.
+// Kept: the code is not appended to the text. Instead that many of the text's first characters are missing,
+// none when the code is negative.
 const char* processIdFailure(int code)
 {
     static constexpr char text[] = "osGetProcessId() returns ";

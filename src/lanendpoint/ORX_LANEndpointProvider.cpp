@@ -31,7 +31,7 @@ namespace WBEMFlags = OpenWBEM::WBEMFlags;
 
 constexpr const char* unit = "ORX_LANEndpointProvider.cpp";
 
-// Builds the endpoint that a Name key or property stands for, from whatever the system says about it.
+// Builds the endpoint that a Name key or property stands for, and reads its state from the system.
 void findByName(const CIMProperty& name, ORX_LANEndpoint& endpoint)
 {
     const CIMValue value = name ? name.getValue() : CIMValue(OpenWBEM::CIMNULL);

@@ -170,7 +170,7 @@ void ORX_LANSetting::readRouterPresence()
 
 bool ORX_LANSetting::readSwitches()
 {
-    isIcmpFilterEnabled = false; // Kept: and no other. The rest is only ever raised here.
+    isIcmpFilterEnabled = false; // Kept: the others are only ever raised here.
     unsigned value = 0;
     for (const PacketFilterSwitch* each : {&icmpFilter, &arpFilter, &broadcastFilter, &ipConflictDetection}) {
         if (kv_get_netfilter_config(each->key, &value) < 0)

@@ -8,7 +8,7 @@
 #include <OW_String.hpp>
 
 /// The server-wide LAN settings: DNS domain and name servers, the packet filter's four switches, the router
-/// card. A plain value; the library has one of it, which every request works on without a lock.
+/// card. A plain value. The library has one, and every request works on it without a lock.
 ///
 /// Failures are CIMExceptions with CIM_ERR_FAILED, a text and an identifier, and are logged through gLogger
 /// first. Error codes in the log are printed as signed 8-bit numbers (200 as -56), as operators know them.
@@ -29,8 +29,8 @@ class ORX_LANSetting
     bool getIsIPAddressConflictEnabled(bool& value) const;
     bool getIsRouterPresent(bool& value) const;
 
-    /// Loads everything from the system, which it never changes. Throws when the host's own name cannot be
-    /// looked up or the router card cannot be asked for; what was loaded before stays. Otherwise true: a
+    /// Loads everything from the system and changes nothing there. Throws when the host's own name cannot be
+    /// looked up or the router card cannot be queried; what was loaded up to then stays. Otherwise true: a
     /// switch that cannot be read counts as a stored 0. Kept: only the ICMP switch is ever lowered here. A
     /// stored 1 raises the other three; a stored 0 leaves them.
     bool get();
@@ -52,8 +52,8 @@ class ORX_LANSetting
     /// the resolver file and in what is kept of it.
     void updateNameserver(const OpenWBEM::String& address, int index);
 
-    /// Store a switch for the next start, then tell the running kernel. Always true: the kernel is told of a
-    /// switch that could not be stored as well, and whether it listens decides nothing.
+    /// Store a switch for the next start, then tell the running kernel. Always true. The kernel is told even
+    /// if the switch could not be stored, and its answer is not looked at.
     bool setIsIcmpFilterEnabled(bool enabled);
     bool setIsArpFilterEnabled(bool enabled);
     bool setIsBroadcastFilterEnabled(bool enabled);
@@ -63,8 +63,8 @@ class ORX_LANSetting
     /// 0 or 1. Returns 0, or -1 when the device is absent or refuses.
     int notifyKernel(int request, unsigned value);
 
-    /// Presses the router card's reset button and returns "Router reset initiated". Throws when the card is
-    /// missing, the button cannot be pressed or the reset fails otherwise. One attempt, no waiting.
+    /// Presses the router card's reset button once, without waiting, and returns "Router reset initiated".
+    /// Throws when the card is missing, the button cannot be pressed or the reset fails otherwise.
     OpenWBEM::String resetRouter();
 
   private:

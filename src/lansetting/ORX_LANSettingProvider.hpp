@@ -26,7 +26,7 @@ class ORX_LANSettingProvider : public OpenWBEM::CppInstanceProviderIFC, public O
   public:
     ~ORX_LANSettingProvider() override;
 
-    /// One name. Kept: its InstanceID is the model's own, which is empty, and not that of the instance.
+    /// One name. Kept: its InstanceID is the model's, which is empty. The instance has another one.
     void enumInstanceNames(const OpenWBEM::ProviderEnvironmentIFCRef& env, const OpenWBEM::String& ns,
                            const OpenWBEM::String& className, OpenWBEM::CIMObjectPathResultHandlerIFC& result,
                            const OpenWBEM::CIMClass& cimClass) override;

@@ -7,9 +7,9 @@
 namespace packetfilter
 {
 
-// The switches as the device's requests. They are the numbers 2 to 5 as the kernel's _IOW makes them of type
-// 0xAB and a 4-byte argument on the server's processor, where "write" is 0x80000000: the device knows these
-// codes and no others, whatever the host's own _IOW would make.
+// The device's request code for each switch: what _IOW makes of type 0xAB, the numbers 2 to 5 and a 4-byte
+// argument on the server's processor, where "write" is 0x80000000. They are written out because _IOW gives
+// other codes on other processors, which the device does not know.
 constexpr std::uint32_t icmp = 0x8004AB02;
 constexpr std::uint32_t arp = 0x8004AB03;
 constexpr std::uint32_t ipConflict = 0x8004AB04;

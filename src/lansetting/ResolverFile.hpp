@@ -6,8 +6,8 @@
 /// The resolver's configuration, resolv.conf(5).
 inline constexpr char resolveFile[] = "/etc/resolv.conf";
 
-/// What is kept of the resolver file when the server's domain is `domainName`; nothing of one that cannot be
-/// opened.
+/// Reads what is kept of the resolver file when the server's domain is `domainName`. Of a file that cannot be
+/// opened nothing is kept.
 ResolverText readResolverFile(const OpenWBEM::String& domainName);
 
 /// Replaces the resolver file's contents. False when it cannot be opened.

@@ -21,7 +21,7 @@ StringArray tokensOf(const String& line)
     return line.tokenize(" \n\r\t\v");
 }
 
-/// What follows the line that goes on at `position`; nothing when it is the last and has no line break.
+/// What follows the line in which `position` lies; nothing when it is the last one and has no line break.
 String afterLine(const String& text, std::size_t position)
 {
     const std::size_t lineBreak = text.indexOf('\n', position);

@@ -20,8 +20,8 @@ struct ResolverText {
     /// - a line with "search" and one domain is kept, after it has been made to name `domainName`;
     /// - a line with "nameserver" and one address is kept, and the first two addresses are noted;
     /// - any other line is dropped. Kept: the next write loses it from the file.
-    /// Returns false when the reading ends, which it does with the third name server: the resolver itself
-    /// would look no further.
+    /// Returns false at the third name server, where the reading ends: the resolver itself would look no
+    /// further.
     bool addLine(const OpenWBEM::String& line, const OpenWBEM::String& domainName);
 
   private:
@@ -29,14 +29,14 @@ struct ResolverText {
     bool addNameserverLine(const OpenWBEM::String& line);
 };
 
-/// `contents` with whatever follows the first "search" on its line replaced by `name`, or with a search line
-/// added at the end.
+/// `contents` with `name` in place of whatever follows the first "search" on its line. Without a "search" a
+/// search line is added at the end.
 OpenWBEM::String withSearchDomain(const OpenWBEM::String& contents, const OpenWBEM::String& name);
 
-/// `contents` with whatever follows the occurrence number `index` (from 0) of "nameserver" on its line
-/// replaced by `address`. An empty address removes the keyword and the rest of its line instead. Without such
-/// an occurrence, as with a negative number, a nameserver line is added at the end. Kept: it is added for an
-/// empty address, too.
+/// `contents` with `address` in place of whatever follows the occurrence number `index` (from 0) of
+/// "nameserver" on its line. An empty address removes the keyword and the rest of its line instead. Without
+/// such an occurrence, or with a negative number, a nameserver line is added at the end. Kept: it is added
+/// for an empty address, too.
 OpenWBEM::String withNameserver(const OpenWBEM::String& contents, const OpenWBEM::String& address, int index);
 
 #endif

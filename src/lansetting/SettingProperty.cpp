@@ -18,7 +18,7 @@ using Getter = bool (Setting::*)(Type&) const;
 
 Value readInstanceID(const Setting& setting, Qualifiers&)
 {
-    String own; // which is empty; instances carry another one
+    String own; // empty; instances carry the one below
     if (!setting.getInstanceID(own))
         return std::nullopt;
     return CIMValue("Kalvor:ORX_LANServiceSetting");

@@ -7,13 +7,12 @@
 #include <array>
 
 /// One network interface, asked and told through an IPv4 datagram socket. The constructor opens the socket
-/// and the destructor closes it; in between, every member below is exactly one ioctl. Nothing is ever printed
-/// or thrown.
+/// and the destructor closes it. Each query and each setter is exactly one ioctl. Nothing is ever printed or
+/// thrown.
 class InterfaceRequest
 {
   public:
-    /// Takes the first 15 characters of `ifName`, which is all that the kernel's name field holds beside its
-    /// NUL.
+    /// Takes the first 15 characters of `ifName`: the kernel's name field holds no more beside its NUL.
     explicit InterfaceRequest(const char* ifName);
     ~InterfaceRequest();
     InterfaceRequest(const InterfaceRequest&) = delete;
@@ -39,8 +38,8 @@ class InterfaceRequest
     /// alone.
     bool getHardwareAddress(HardwareAddress& address);
 
-    /// Issues one of the MII requests, which carry their own structure in the request. `mii` is what the
-    /// driver finds there, and afterwards what the driver left there. False when the driver refuses.
+    /// Issues one of the MII requests, which carry a structure of their own. The driver gets `mii` and leaves
+    /// its answer there. False when the driver refuses.
     bool mii(unsigned long request, mii_ioctl_data& mii);
 
   private:

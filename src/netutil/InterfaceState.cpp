@@ -7,7 +7,7 @@ namespace
 {
 
 // The flags of an interface as far as they can be read, with IFF_RUNNING cleared when the interface is up but
-// its PHY has no link: some drivers go on saying running without one.
+// its PHY has no link: some drivers leave it set without one.
 int flagsWithLink(InterfaceRequest& request, const char* ifName)
 {
     short flags = 0;

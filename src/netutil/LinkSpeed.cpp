@@ -20,13 +20,12 @@ constexpr std::uint64_t defaultSpeed = 10000000;
 // duplex, 100BASE-T4, 100BASE-TX half duplex, 10BASE-T full duplex, 10BASE-T half duplex.
 constexpr std::array<unsigned, 5> mediaByPriority{8, 9, 7, 6, 5};
 
-// bit/s by bit number, beginning with bit 5. For the last one, 100BASE-T4, clients know the value
-// 10000000.
+// bit/s by bit number, beginning with bit 5. Kept: the last one, 100BASE-T4, is reported as 10000000.
 constexpr unsigned lowestMedium = 5;
 constexpr std::array<std::uint64_t, 5> speedByMedium{10000000, 10000000, 100000000, 100000000, 10000000};
 
-// Reads all eight registers in turn; the sequence is fixed, although four of them are never looked at. False
-// when the driver knows neither the MII requests nor the private ones that older drivers have in their place.
+// Reads all eight registers in turn. Kept: four of them are never looked at. False when the driver knows
+// neither the MII requests nor the private ones that older drivers have in their place.
 bool readRegisters(InterfaceRequest& request, MiiRegisters& registers)
 {
     mii_ioctl_data mii = {};
@@ -41,7 +40,8 @@ bool readRegisters(InterfaceRequest& request, MiiRegisters& registers)
     for (std::uint16_t& value : registers) {
         mii.phy_id = phy;
         mii.reg_num = number++;
-        // Kept: a register that cannot be read takes what the request still holds, mostly the one before it.
+        // Kept: a register that cannot be read takes what the request still holds, mostly the value before
+        // it.
         request.mii(readRegister, mii);
         value = mii.val_out;
     }
@@ -67,7 +67,7 @@ std::uint64_t speedOf(const MiiRegisters& registers)
     const unsigned partner = registers[MII_LPA];
     if ((partner & LPA_LPACK) != 0)
         return bestCommonSpeed(registers[MII_ADVERTISE], partner);
-    // A partner that does not negotiate: the PHY found its medium by parallel detection.
+    // The partner does not negotiate. The PHY has found its medium by parallel detection.
     return (partner & LPA_100HALF) != 0 ? 100000000 : defaultSpeed;
 }
 

@@ -13,9 +13,8 @@ namespace storedmtu
 /// The registry's status for a value that does not exist.
 using registry::absent;
 
-/// Reads the MTU into `mtu`, which starts at 0 and holds afterwards what the registry delivered. Returns the
-/// registry's status: 0 when the MTU was read, `absent` when none is stored, another status when the registry
-/// failed.
+/// Reads the MTU into `mtu`, which is 0 unless the registry delivers something. Returns the registry's
+/// status: 0 when the MTU was read, `absent` when none is stored, another status when the registry failed.
 unsigned int read(const char* ifName, std::uint16_t& mtu);
 
 /// Stores the MTU. A failing registry is not reported: callers go on without it.

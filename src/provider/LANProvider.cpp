@@ -17,7 +17,8 @@
 using namespace OpenWBEM; // the operations below are all about OpenWBEM's types
 
 // The static objects of this file, constructed in this order when the library is loaded and destroyed in the
-// reverse order when it is unloaded. The linker decides when those of other files are; none needs another.
+// reverse order when it is unloaded. The linker decides when those of other files are constructed. None needs
+// another.
 IntrusiveReference<Logger> gLogger;
 
 namespace
@@ -33,8 +34,8 @@ ORX_LANEndpointProvider endpointProvider;
 ORX_LANSettingProvider settingProvider;
 ORX_ALGServiceProvider algServiceProvider;
 
-/// What `Interface` (instance or method provider) of the sub-provider serves the class; null for an unknown
-/// class.
+/// The sub-provider that serves the class, as an `Interface` (instance or method provider); null for an
+/// unknown class.
 template <typename Interface>
 Interface* subProviderOf(const String& className)
 {
@@ -68,7 +69,7 @@ void LANProvider::cleanup()
     algServiceProvider.cleanup();
 }
 
-// Each operation refuses an unknown class from a line of its own, by which a report tells them apart.
+// Each operation refuses an unknown class from a line of its own, so a report tells them apart.
 
 void LANProvider::enumInstanceNames(const ProviderEnvironmentIFCRef& env, const String& ns,
                                     const String& className, CIMObjectPathResultHandlerIFC& result,

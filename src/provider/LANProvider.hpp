@@ -13,10 +13,10 @@
 #include <OW_String.hpp>
 #include <OW_WBEMFlags.hpp>
 
-/// The one provider that the object manager sees. It does no CIM work of its own: the class name of a
-/// request, compared exactly and case-sensitively, selects the sub-provider that the call is forwarded to,
-/// unchanged; results and exceptions pass through untouched. A class that no sub-provider serves is refused
-/// with CIM_ERR_INVALID_CLASS and no text.
+/// The one provider that the object manager sees. It does no CIM work of its own. The class name of a
+/// request, compared exactly, selects a sub-provider; the call is forwarded to it unchanged. Results and
+/// exceptions pass through untouched. A class that no sub-provider serves is refused with
+/// CIM_ERR_INVALID_CLASS and no text.
 ///
 /// The sub-providers are static objects of the library: they outlive every LANProvider, which itself holds no
 /// state and needs no lock.

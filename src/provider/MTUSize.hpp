@@ -3,8 +3,8 @@
 
 /// Brings the MTU of one interface in line with the registry at start-up: a stored "MTUSize" is applied to
 /// the interface, whatever MTU it had; where none is stored, the interface's own is stored and set again
-/// unchanged. Throws nothing and reports nothing but a socket that cannot be opened, through perror. A
-/// registry that fails leaves the interface alone.
+/// unchanged. A failing registry leaves the interface alone. Throws nothing. Only a socket that cannot be
+/// opened is reported, through perror.
 void setMTUSize(const char* ifName);
 
 #endif

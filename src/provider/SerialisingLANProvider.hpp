@@ -9,8 +9,8 @@
 /// One mutex serves all objects of this class, because they share the sub-providers: an object manager that
 /// drops an idle provider may create the next one while a request of the first still runs.
 ///
-/// No operation may be called from inside another one, by a result handler for example: it would wait for
-/// itself.
+/// No operation may be called from inside another one, by a result handler for example: the inner one would
+/// wait for ever.
 class SerialisingLANProvider : public OpenWBEM::CppMethodProviderIFC, public OpenWBEM::CppInstanceProviderIFC
 {
   public:

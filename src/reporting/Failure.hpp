@@ -7,13 +7,13 @@
 #include <OW_String.hpp>
 
 /// The form that every failure of this library takes on its way to a management client: an
-/// OpenWBEM::CIMException with the source unit, the line, a CIM status code (DMTF DSP0200, 5.3.1.2) and,
-/// mostly, a text. OpenWBEM decorates the text with a description of the code when it hands it on.
+/// OpenWBEM::CIMException with the source unit, the line, a CIM status code (DMTF DSP0200, 5.3.1.2) and
+/// usually a text. OpenWBEM puts a description of the code around the text when it hands the text on.
 namespace reporting
 {
 
-/// Where a failure is raised. The unit is a fixed name such as "LANProvider.cpp", never __FILE__, which would
-/// be whatever path the compiler was given.
+/// Where a failure is raised. The unit is a fixed name such as "LANProvider.cpp", never __FILE__, which is
+/// whatever path the compiler was given.
 struct SourcePlace {
     const char* unit;
     int line;

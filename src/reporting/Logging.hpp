@@ -9,9 +9,9 @@
 #include <OW_Logger.hpp>
 #include <OW_String.hpp>
 
-/// The object manager's logger for everything that happens outside a request's own environment, that is for
-/// the models. Empty until LANProvider::initialize takes it from the environment; defined in LANProvider.cpp,
-/// before the other static objects there.
+/// The object manager's logger for code that does not see a request's own environment, the models above all.
+/// Empty until LANProvider::initialize takes it from the environment; defined in LANProvider.cpp, before the
+/// other static objects there.
 extern OpenWBEM::IntrusiveReference<OpenWBEM::Logger> gLogger;
 
 namespace reporting

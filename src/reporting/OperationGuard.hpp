@@ -10,9 +10,9 @@
 namespace reporting
 {
 
-/// A provider operation as the failure texts name it. A failure is reported from one of two lines, one for a
-/// std::exception and one for anything else, so that the line tells them apart. Both are the operation's own:
-/// callers give __LINE__ and __LINE__ + 1.
+/// A provider operation as the failure texts name it. A failure carries a line number that tells whether a
+/// std::exception or anything else was caught. Each operation has two lines of its own: callers give __LINE__
+/// and __LINE__ + 1.
 struct GuardedOperation {
     const char* unit;
     const char* name; ///< "enumInstanceNames", "getInstance", ...
@@ -30,8 +30,9 @@ OpenWBEM::String unknownErrorText(const GuardedOperation& operation, const OpenW
                                    const OpenWBEM::String& message);
 
 /// Runs `body` and returns its result. A CIMException passes unchanged and unlogged. A std::exception becomes
-/// CIM_ERR_FAILED with unknownErrorText, its what() and a line break; anything else the same without the last
-/// two. `target` is called only then: it returns, as a String, what the operation was asked to work on.
+/// CIM_ERR_FAILED with unknownErrorText, its what() and a line break. Anything else becomes CIM_ERR_FAILED
+/// with unknownErrorText alone. Only these two call `target`: it returns, as a String, what the operation was
+/// asked to work on.
 template <typename Target, typename Body>
 auto guarded(const OpenWBEM::ProviderEnvironmentIFCRef& env, const GuardedOperation& operation,
              const Target& target, const Body& body) -> decltype(body())

@@ -5,9 +5,9 @@
 
 #include <OW_String.hpp>
 
-/// Runs a command that rewrites LAN configuration, with runCommand, while the server's DHCP LAN semaphore
-/// keeps the DHCP service from reading it. Neither the semaphore's result nor the command's is looked at:
-/// request, run, release.
+/// Requests the server's DHCP LAN semaphore, runs `command` with runCommand, and releases the semaphore. The
+/// semaphore keeps the DHCP service from reading the LAN configuration while the command rewrites it. No
+/// result is looked at.
 void runUnderLanSemaphore(const OpenWBEM::String& command);
 
 #endif

@@ -12,7 +12,7 @@ namespace registry
 constexpr unsigned int absent = 0x20000D;
 
 /// Reads one number. Returns 0, or the registry's status on failure; `value` then keeps what it held, unless
-/// the registry has left something else there.
+/// the registry wrote something else there.
 unsigned int read(const char* section, const char* name, std::uint16_t& value);
 
 /// Writes one number, creating it if needed. Returns 0, or the registry's status on failure.

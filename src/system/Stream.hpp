@@ -8,8 +8,8 @@ struct StreamCloser {
     void operator()(std::FILE* stream) const { std::fclose(stream); }
 };
 
-/// A file of the server that is being read or written, closed at the end of its scope; null when it could not
-/// be opened. What fclose returns is ignored: nobody could do anything about it.
+/// An open file of the server, closed at the end of its scope; null when it could not be opened. What fclose
+/// returns is ignored: nobody could do anything about it.
 using Stream = std::unique_ptr<std::FILE, StreamCloser>;
 
 #endif
