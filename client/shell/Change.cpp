@@ -7,6 +7,7 @@
 #include "shell/PlanText.hpp"
 #include "shell/Progress.hpp"
 #include "shell/Terminal.hpp"
+#include "wayback/Histories.hpp"
 #include "wayback/RevocableChange.hpp"
 #include "json/PlanJson.hpp"
 

@@ -3,6 +3,7 @@
 #include "shell/Progress.hpp"
 #include "shell/Terminal.hpp"
 #include "wayback/BootClock.hpp"
+#include "wayback/Lock.hpp"
 
 #include <csignal>
 #include <iostream>
@@ -132,6 +133,22 @@ Exit leftToTheGuard()
     return Exit::NotAsWanted;
 }
 
+/// Somebody has killed the guard.
+Exit cutOff()
+{
+    endLine();
+    std::cerr
+        << "The change was cut off: the process that looked after it has ended. `lanctl rollback` takes the "
+           "change back, `lanctl confirm` keeps it.\n";
+    return Exit::NotAsWanted;
+}
+
+/// The guard sets the result before it ends.
+bool isCutOff(const History& history, int number)
+{
+    return !isGuarded(history) && resultOf(history, number) == Result::Open;
+}
+
 Exit waitOnTerminal(const History& history, int number, Exit soFar)
 {
     const InterruptWatch watch;
@@ -139,6 +156,8 @@ Exit waitOnTerminal(const History& history, int number, Exit soFar)
     for (; result == Result::Open; result = resultOf(history, number)) {
         if (interrupted != 0)
             return leftToTheGuard();
+        if (isCutOff(history, number))
+            return cutOff();
         const auto progress = wayback::readProgress(history.folder(), number);
         if (progress)
             showLine(progressText(*progress));
@@ -153,10 +172,17 @@ Exit waitOnTerminal(const History& history, int number, Exit soFar)
 
 } // namespace
 
+bool isGuarded(const History& history)
+{
+    return wayback::Lock::isHeld(history.folder());
+}
+
 Exit waitForConfirmation(const History& history, int number, Exit soFar)
 {
-    if (soFar == Exit::NotAsWanted)
-        return waitForResult(history, number);
+    if (soFar == Exit::NotAsWanted) {
+        const auto exit = waitForResult(history, number);
+        return exit ? *exit : cutOff();
+    }
     if (inputIsTerminal() && outputIsTerminal())
         return waitOnTerminal(history, number, soFar);
     const auto entry = history.entry(number);
@@ -165,7 +191,7 @@ Exit waitForConfirmation(const History& history, int number, Exit soFar)
     return soFar;
 }
 
-Exit waitForResult(const History& history, int number)
+std::optional<Exit> waitForResult(const History& history, int number)
 {
     const InterruptWatch watch;
     const bool shown = outputIsTerminal();
@@ -173,6 +199,8 @@ Exit waitForResult(const History& history, int number)
     for (; result == Result::Open; result = resultOf(history, number)) {
         if (interrupted != 0)
             return leftToTheGuard();
+        if (isCutOff(history, number))
+            return std::nullopt;
         const auto progress = wayback::readProgress(history.folder(), number);
         if (shown && progress)
             showLine(progressText(*progress));

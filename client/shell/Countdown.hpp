@@ -5,6 +5,7 @@
 #include "wayback/GuardLoop.hpp"
 #include "wayback/History.hpp"
 
+#include <optional>
 #include <string>
 
 namespace lanctl::shell
@@ -15,7 +16,11 @@ namespace lanctl::shell
 /// change so far.
 Exit waitForConfirmation(const wayback::History& history, int number, Exit soFar);
 
-/// Waits until the guard has set the result of the entry, and tells it.
-Exit waitForResult(const wayback::History& history, int number);
+/// Waits until the guard has set the result of the entry, and tells it. Nothing when the guard is gone and
+/// has set none.
+std::optional<Exit> waitForResult(const wayback::History& history, int number);
+
+/// Whether a process still looks after the open change.
+bool isGuarded(const wayback::History& history);
 
 } // namespace lanctl::shell

@@ -8,6 +8,7 @@
 #include "shell/Terminal.hpp"
 #include "wayback/BootClock.hpp"
 #include "wayback/GuardLoop.hpp"
+#include "wayback/Histories.hpp"
 #include "wayback/RevocableChange.hpp"
 #include "wayback/TakeBack.hpp"
 #include "json/HistoryJson.hpp"
@@ -25,22 +26,6 @@ using wayback::Entry;
 using wayback::History;
 using wayback::Progress;
 using wayback::Result;
-
-/// The histories of all servers.
-std::vector<History> allHistories()
-{
-    const wayback::Folder home(wayback::stateHome());
-    std::vector<History> histories;
-    for (const std::string& name : home.names())
-        histories.emplace_back(wayback::Folder(home.pathOf(name)));
-    return histories;
-}
-
-/// Whether a process still looks after the open change.
-bool isGuarded(const History& history)
-{
-    return wayback::Lock::isHeld(history.folder());
-}
 
 Progress progressOf(const History& history, const Entry& entry)
 {
@@ -92,7 +77,8 @@ Exit endUnguarded(const History& history, const Entry& entry, bool abandon)
     return Exit::Done;
 }
 
-Exit confirmGuarded(const History& history, const Entry& entry, bool abandon)
+/// Nothing when the guard is gone.
+std::optional<Exit> confirmGuarded(const History& history, const Entry& entry, bool abandon)
 {
     const bool goesBack = progressOf(history, entry).phase == Progress::Phase::TakingBack;
     if (abandon && !goesBack)
@@ -103,7 +89,7 @@ Exit confirmGuarded(const History& history, const Entry& entry, bool abandon)
         return Exit::TakenBack;
     }
     history.folder().mark(abandon ? wayback::requests::abandon : wayback::requests::confirm);
-    const Exit exit = waitForResult(history, entry.number);
+    const auto exit = waitForResult(history, entry.number);
     return abandon && exit == Exit::NotAsWanted ? Exit::Done : exit;
 }
 
@@ -129,12 +115,17 @@ model::WantedState formerStateOf(const History& history, const Entry& entry)
     }
 }
 
-/// What of that state the server takes; what it does not is told.
-model::WantedState possibleState(const ConnectionChoice& choice, const model::WantedState& former)
+/// What the server takes of the state before that change; what it does not is told.
+model::WantedState possibleState(const ConnectionChoice& choice, const History& history, const Entry& entry)
 {
+    const model::WantedState former = formerStateOf(history, entry);
     wire::Client client(connectionOptions(choice));
-    const wayback::Possible possible =
-        wayback::possible(apply::readState(client), former, client.connection().peerAddress());
+    const model::ServerState state = apply::readState(client);
+    if (wayback::hardwareOf(state) != entry.hardware)
+        throw UsageError("change " + std::to_string(entry.number) +
+                         " was made on another server, by its MAC addresses; `lanctl apply " +
+                         history.formerStatePath(entry.number) + "` brings the state before it here");
+    const wayback::Possible possible = wayback::possible(state, former, client.connection().peerAddress());
     for (const auto& refusal : possible.impossible)
         std::cerr << "Not to be taken back: "
                   << harmless(refusal.object + " " + refusal.key + ": " + refusal.text) << "\n";
@@ -150,15 +141,15 @@ Exit confirm(const ConnectionChoice& choice, bool abandon)
     const auto entry = history.openEntry();
     if (!entry)
         return nothingWaits(history, label);
-    return isGuarded(history) ? confirmGuarded(history, *entry, abandon)
-                              : endUnguarded(history, *entry, abandon);
+    const auto exit = isGuarded(history) ? confirmGuarded(history, *entry, abandon) : std::nullopt;
+    return exit ? *exit : endUnguarded(history, *entry, abandon);
 }
 
 Exit status(bool asJson)
 {
     Json list = Json::array();
     bool any = false;
-    for (const History& history : allHistories()) {
+    for (const History& history : wayback::allHistories()) {
         const auto entry = history.openEntry();
         if (!entry)
             continue;
@@ -204,10 +195,10 @@ Exit rollback(const ConnectionChoice& choice, std::optional<int> number, const A
     const bool open = entry.result == Result::Open;
     if (open && isGuarded(history)) {
         history.folder().mark(wayback::requests::takeBackNow);
-        const Exit exit = waitForResult(history, entry.number);
-        return exit == Exit::TakenBack ? Exit::Done : exit;
+        if (const auto exit = waitForResult(history, entry.number))
+            return *exit == Exit::TakenBack ? Exit::Done : *exit;
     }
-    const model::WantedState wanted = possibleState(choice, formerStateOf(history, entry));
+    const model::WantedState wanted = possibleState(choice, history, entry);
     return change(choice, wanted, agreement, open ? std::optional<int>(entry.number) : std::nullopt);
 }
 

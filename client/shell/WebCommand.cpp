@@ -1,7 +1,7 @@
 // lanctl web: the page, until somebody ends it.
 #include "shell/Commands.hpp"
 #include "shell/Terminal.hpp"
-#include "wayback/RevocableChange.hpp"
+#include "wayback/Histories.hpp"
 #include "web/HttpServer.hpp"
 #include "web/OwnAddresses.hpp"
 

@@ -90,10 +90,10 @@ std::string jsonText(const Entry& entry)
     Json ways = Json::array();
     for (const Way& way : entry.ways)
         ways.push_back({{"url", way.url}, {"address", way.address}});
-    const Json json{{"time", entry.time},       {"user", entry.user},
-                    {"server", entry.server},   {"plan", entry.plan},
-                    {"objects", entry.objects}, {"hardware", entry.hardware},
-                    {"ways", std::move(ways)},  {"confirm", entry.confirmSeconds}};
+    const Json json{
+        {"time", entry.time},      {"user", entry.user},        {"server", entry.server},
+        {"plan", entry.plan},      {"objects", entry.objects},  {"hardware", entry.hardware},
+        {"ways", std::move(ways)}, {"moves-to", entry.movesTo}, {"confirm", entry.confirmSeconds}};
     return json.dump(2, ' ', true, Json::error_handler_t::replace) + "\n";
 }
 
@@ -112,6 +112,7 @@ std::optional<Entry> parsedEntry(const EntryName& name, const std::string& text)
         json.at("hardware").get_to(entry.hardware);
         for (const Json& way : json.at("ways"))
             entry.ways.push_back({way.at("url").get<std::string>(), way.at("address").get<std::string>()});
+        entry.movesTo = json.value("moves-to", "");
         json.at("confirm").get_to(entry.confirmSeconds);
         return entry;
     } catch (const Json::exception&) {

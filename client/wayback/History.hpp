@@ -43,6 +43,7 @@ struct Entry {
     std::vector<std::string> objects;  // what the change touches
     std::vector<std::string> hardware; // the server's MAC addresses, by which it is known again
     std::vector<Way> ways;             // to be tried in this order when it is taken back
+    std::string movesTo;               // the server's host and port afterwards, when it is called by them
     int confirmSeconds = 0;            // 0: no confirmation is asked for
 };
 

@@ -38,14 +38,20 @@ std::string orNone(const std::string& value)
     return value.empty() ? "none" : value;
 }
 
+/// The address that the change moves the server to, or "".
+std::string newAddress(const Intention& intention)
+{
+    const plan::Reach reach = plan::reach(intention.plan, intention.before, intention.peerAddress);
+    return reach.fate == plan::Reach::Fate::Moved ? reach.address : "";
+}
+
 /// Where the server can be after the change, the likeliest place first.
-std::vector<Way> waysTo(const Intention& intention, const Keeping& keeping)
+std::vector<Way> waysTo(const std::string& moved, const Intention& intention, const Keeping& keeping)
 {
     const std::string url = intention.connection.server.url();
     std::vector<Way> ways;
-    const plan::Reach reach = plan::reach(intention.plan, intention.before, intention.peerAddress);
-    if (reach.fate == plan::Reach::Fate::Moved && !reach.address.empty())
-        ways.push_back({url, reach.address});
+    if (!moved.empty())
+        ways.push_back({url, moved});
     ways.push_back({url, intention.peerAddress});
     for (const std::string& via : keeping.revertVia)
         ways.push_back({via, ""});
@@ -63,7 +69,13 @@ Entry entryOf(const Keeping& keeping, const Intention& intention)
             entry.objects.push_back(change.object);
     }
     entry.hardware = hardwareOf(intention.before);
-    entry.ways = waysTo(intention, keeping);
+    const std::string moved = newAddress(intention);
+    entry.ways = waysTo(moved, intention, keeping);
+    wire::ServerAddress address = intention.connection.server;
+    const bool isCalledByAddress = keeping.server == address.hostAndPort();
+    address.host = moved;
+    if (isCalledByAddress && !moved.empty())
+        entry.movesTo = address.hostAndPort();
     entry.confirmSeconds = static_cast<int>(keeping.countdown.count());
     return entry;
 }
@@ -91,7 +103,7 @@ void RevocableChange::begin(const Keeping& keeping, const Intention& intention)
                     entry.ways,       entry.hardware, only(model::parseWanted(former), entry.objects),
                     keeping.countdown};
     try {
-        m_guard.emplace(Guard::start(task, m_lock));
+        m_guard.emplace(Guard::start(task, *m_lock));
     } catch (...) {
         m_history.end(m_number, Result::NotAsWanted);
         throw;
@@ -117,12 +129,8 @@ bool RevocableChange::carriedOut(const apply::Outcome& outcome)
     if (!outcome.done() && reached)
         m_history.folder().mark(requests::takeBackNow);
     m_guard->changed();
+    m_lock.reset();
     return true;
-}
-
-History historyOf(const std::string& server)
-{
-    return History(Folder(stateHome() + "/" + folderName(server)));
 }
 
 } // namespace lanctl::wayback

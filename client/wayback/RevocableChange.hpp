@@ -55,20 +55,17 @@ class RevocableChange
     void nothingSent();
 
     /// The change was carried out with that outcome. Returns whether the countdown runs now, or the change is
-    /// on its way back: an incomplete change is not worth waiting for.
+    /// on its way back: an incomplete change is not worth waiting for. The guard alone has the lock then.
     bool carriedOut(const apply::Outcome& outcome);
 
   private:
     void begin(const Keeping& keeping, const Intention& intention);
 
     History m_history;
-    Lock m_lock;
+    std::optional<Lock> m_lock;
     std::optional<int> m_endsEntry;
     int m_number = 0;
     std::optional<Guard> m_guard;
 };
-
-/// The folder of that server.
-History historyOf(const std::string& server);
 
 } // namespace lanctl::wayback

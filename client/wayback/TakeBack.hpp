@@ -37,7 +37,7 @@ Possible possible(const model::ServerState& state, model::WantedState wanted, co
 /// The objects of that state alone that are named.
 model::WantedState only(model::WantedState wanted, const std::vector<std::string>& objects);
 
-/// The server's MAC addresses.
+/// The server's MAC addresses, by which it is known again.
 std::vector<std::string> hardwareOf(const model::ServerState& state);
 
 } // namespace lanctl::wayback

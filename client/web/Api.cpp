@@ -219,10 +219,15 @@ Response Api::plan(const Json& body)
 
 Response Api::rollbackPlan(int number, const Snapshot& snapshot) const
 {
-    if (!m_history.entry(number))
+    const auto entry = m_history.entry(number);
+    if (!entry)
         return failure(404, "The history has no change " + std::to_string(number) + ".");
     if (!snapshot.state)
         return failure(503, snapshot.trouble, snapshot.advice);
+    if (wayback::hardwareOf(*snapshot.state) != entry->hardware)
+        return failure(409, "Change " + std::to_string(number) + " was made on another server.",
+                       "`lanctl apply " + m_history.formerStatePath(number) +
+                           "` brings the state before it here.");
     const auto possible = wayback::possible(
         *snapshot.state, model::parseWanted(m_history.formerState(number)), snapshot.peerAddress);
     Json notes = Json::array();

@@ -143,10 +143,28 @@ def test_everything_killed_while_the_server_makes_the_change(operator):
     operator.server.wait_for("ip address show eth1 | grep -q 10.0.0.77")
     assert operator.waiting()["state"] == "cut-off"
     # The server is elsewhere now, and whoever rolls back says where.
-    history = f"{STATE_HOME}/lanctl"
-    operator.server.sh(f"mv {history}/10.0.0.5:5988 {history}/10.0.0.77:5988")
     assert operator.lanctl("rollback", "--yes", server="http://10.0.0.77:5988").status == DONE
     assert operator.address() == "10.0.0.5/24"
+
+
+@pytest.mark.parametrize("command, told, result", [("confirm", "Kept.\n", "confirmed"), ("rollback --yes", "Done.\n", "taken-back")])
+def test_a_guard_that_is_killed_keeps_no_command_waiting(operator, command, told, result):
+    """The guard is stopped first, so that the command finds it there and waits for it."""
+    operator.change("eth1", f"mtu={MTU}")
+    guard = operator.guard()
+    operator.server.sh(f"kill -STOP {guard}; {operator.command(*command.split())} >/run/told 2>&1 & echo $! >/run/waiting.pid")
+    operator.server.wait_for(f"ls {STATE_HOME}/lanctl/*/{'confirm' if command == 'confirm' else 'take-back'}")
+    operator.server.sh(f"kill -9 {guard}")
+    operator.server.wait_for(f"grep -qF {told.strip()!r} /run/told")
+    assert operator.results()[0] == result and operator.mtu() == (MTU if command == "confirm" else FORMER_MTU)
+
+
+def test_a_guard_that_is_killed_ends_the_question(operator):
+    keyboard = operator.on_terminal("set", "eth1", f"mtu={MTU}", "--yes", "--confirm", 60)
+    keyboard.wait_for(ASKED)
+    operator.server.sh("kill -9 $(pgrep -x lanctl | grep -vx $(cat /run/lanctl.pid))")
+    keyboard.wait_for("The change was cut off")
+    assert keyboard.status() == NOT_AS_WANTED and operator.waiting()["state"] == "cut-off"
 
 
 def test_a_cut_off_change_can_be_kept(operator):
@@ -206,6 +224,25 @@ def test_giving_up(operator):
     done = operator.lanctl("confirm", "--abandon")
     assert done.status == DONE and "the state before it is in" in done.out, done
     assert operator.results() == ["abandoned"] and operator.mtu() == MTU
+
+
+def test_the_history_of_a_server_that_was_moved_is_found_under_both_addresses(operator):
+    moved = "http://10.0.0.77:5988"
+    assert operator.lanctl("set", "eth1", "address=10.0.0.77", "--yes").status == DONE
+    assert json.loads(operator.lanctl("history", "--json", server=moved).out) == json.loads(operator.lanctl("history", "--json").out)
+    assert operator.lanctl("set", "eth1", f"mtu={MTU}", "--yes", server=moved).status == DONE
+    assert operator.history("number") == [1, 2] and operator.history("server") == ["10.0.0.5:5988", "10.0.0.77:5988"]
+    assert operator.lanctl("rollback", "1", "--yes", server=moved).status == DONE
+    assert (operator.address(), operator.mtu()) == ("10.0.0.5/24", FORMER_MTU)
+    assert operator.history("result") == ["done"] * 3
+
+
+def test_a_second_change_is_refused_under_the_new_address_too(operator):
+    operator.change("eth1", "address=10.0.0.77")
+    second = operator.lanctl("set", "eth2", "mtu=1300", "--yes", server="http://10.0.0.77:5988")
+    assert second.status == NOT_AS_WANTED and "another change of this server is under way" in second.err
+    assert operator.lanctl("confirm", server="http://10.0.0.77:5988").status == DONE
+    assert operator.results() == ["confirmed"] and operator.address() == "10.0.0.77/24"
 
 
 # The server's end
@@ -314,7 +351,23 @@ def test_a_change_can_be_confirmed_on_a_full_disk(operator, small_disk):
     assert operator.results() == ["confirmed"] and operator.mtu() == MTU
 
 
-# Whom the guard believes
+# Whom the way back believes
+
+
+def test_a_rollback_leaves_another_server_at_the_address_alone(tmp_path):
+    def here(*arguments):
+        return lanctl("--server", server.url, *arguments, XDG_STATE_HOME=str(tmp_path))
+
+    with ScriptedServer() as server:
+        assert here("set", "eth1", "mtu=1400", "--yes").returncode == DONE
+        server.state[ENDPOINT][1]["MACAddress"] = ("string", "06:00:00:00:00:01")
+        done = here("rollback", "--yes")
+        former = json.loads(here("history", "--json").stdout)[0]["former-state"]
+        assert (done.returncode, done.stderr) == (USAGE, "lanctl: change 1 was made on another server, by its MAC addresses; "
+                                                  f"`lanctl apply {former}` brings the state before it here\n")
+        assert len(server.modifications()) == 1
+        assert here("apply", former, "--yes").returncode == DONE
+        assert server.state[ENDPOINT][1]["MaxDataSize"][1] == "1500"
 
 
 def test_another_server_at_the_address_is_left_alone(tmp_path):

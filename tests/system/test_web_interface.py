@@ -237,6 +237,11 @@ def test_the_history_can_be_gone_back_to_after_a_look_at_the_plan(scripted, web)
     plan = web.post("/api/plan", {"rollback": first}).json
     assert [(one["object"], one["key"], one["from"], one["to"]) for one in plan["changes"]] == [("eth1", "mtu", "1400", "1500")]
     assert mtu_of(scripted) == "1400"
+    mac = scripted.state[ENDPOINT][1]["MACAddress"]
+    scripted.state[ENDPOINT][1]["MACAddress"] = ("string", "06:00:00:00:00:01")
+    other = web.post("/api/rollback", {"number": first, "reviewed": plan["changes"]})
+    assert (other.status, other.error) == (409, f"Change {first} was made on another server.")
+    scripted.state[ENDPOINT][1]["MACAddress"] = mac
     stale = [{**plan["changes"][0], "from": "1200"}]
     assert web.post("/api/rollback", {"number": first, "reviewed": stale}).status == 409
     answer = web.post("/api/rollback", {"number": first, "reviewed": plan["changes"], "confirm": 30}).json

@@ -17,6 +17,7 @@ Entry mtuChange()
     entry.objects = {"eth1"};
     entry.hardware = {"02:00:00:00:00:01"};
     entry.ways = {{"http://10.0.0.5:5988/root/cimv2", "10.0.0.6"}};
+    entry.movesTo = "10.0.0.6:5988";
     entry.confirmSeconds = 60;
     return entry;
 }
@@ -42,6 +43,7 @@ TEST_F(HistoryTest, AnEntryIsOpenFromItsBeginningAndCarriesAllThatIsToldOfIt)
     ASSERT_EQ(entry->ways.size(), 1U);
     EXPECT_EQ(entry->ways[0].url, "http://10.0.0.5:5988/root/cimv2");
     EXPECT_EQ(entry->ways[0].address, "10.0.0.6");
+    EXPECT_EQ(entry->movesTo, "10.0.0.6:5988");
     EXPECT_EQ(entry->confirmSeconds, 60);
     EXPECT_FALSE(entry->user.empty());
     EXPECT_EQ(entry->time.size(), std::string("2026-03-01T12:00:00Z").size());

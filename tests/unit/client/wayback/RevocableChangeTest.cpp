@@ -30,7 +30,7 @@ class RevocableChangeTest : public testing::Test
     RevocableChange revocable(std::chrono::seconds countdown = 0s, std::optional<int> endsEntry = {})
     {
         Keeping keeping;
-        keeping.server = "pbx1";
+        keeping.server = m_name;
         keeping.countdown = countdown;
         keeping.revertVia = {"http://172.16.2.1:5988"};
         keeping.endsEntry = endsEntry;
@@ -60,6 +60,7 @@ class RevocableChangeTest : public testing::Test
     model::WantedState m_wanted;
     plan::Plan m_plan;
     wire::ConnectionOptions m_connection;
+    std::string m_name = "pbx1";
 };
 
 TEST_F(RevocableChangeTest, TheFormerStateIsKeptBeforeAnythingIsSent)
@@ -82,6 +83,18 @@ TEST_F(RevocableChangeTest, TheNewAddressIsLookedForFirst)
     m_plan = plan::plan(m_before, m_wanted);
     revocable();
     EXPECT_EQ(m_history.openEntry()->ways.front().address, "10.0.0.77");
+    EXPECT_EQ(m_history.openEntry()->movesTo, ""); // the server is called by a name, which stays
+}
+
+TEST_F(RevocableChangeTest, TheHistoryNotesTheNewAddressOfAServerThatIsCalledByIt)
+{
+    m_wanted = {};
+    model::want(m_wanted, "eth1", "address", "10.0.0.77");
+    m_plan = plan::plan(m_before, m_wanted);
+    m_connection.server = wire::parseServerAddress("https://10.0.0.5");
+    m_name = "10.0.0.5:5989";
+    revocable();
+    EXPECT_EQ(m_history.openEntry()->movesTo, "10.0.0.77:5989");
 }
 
 TEST_F(RevocableChangeTest, WithoutConfirmationTheOutcomeIsTheResult)
