@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <set>
+#include <sstream>
+#include <yaml-cpp/eventhandler.h>
 #include <yaml-cpp/yaml.h>
 
 namespace lanctl::model
@@ -76,12 +78,44 @@ void readSections(WantedState& wanted, const YAML::Node& root)
                  });
 }
 
+/// Throws where anything follows the first document, and looks at nothing else.
+class OneDocument : public YAML::EventHandler
+{
+  public:
+    void OnDocumentStart(const YAML::Mark& mark) override
+    {
+        if (m_hasBegun)
+            throw BadWanted("line " + std::to_string(mark.line + 1) + ": a second document begins here");
+        m_hasBegun = true;
+    }
+    void OnDocumentEnd() override {}
+    void OnNull(const YAML::Mark&, YAML::anchor_t) override {}
+    void OnAlias(const YAML::Mark&, YAML::anchor_t) override {}
+    void OnScalar(const YAML::Mark&, const std::string&, YAML::anchor_t, const std::string&) override {}
+    void OnSequenceStart(const YAML::Mark&, const std::string&, YAML::anchor_t,
+                         YAML::EmitterStyle::value) override
+    {
+    }
+    void OnSequenceEnd() override {}
+    void OnMapStart(const YAML::Mark&, const std::string&, YAML::anchor_t, YAML::EmitterStyle::value) override
+    {
+    }
+    void OnMapEnd() override {}
+
+  private:
+    bool m_hasBegun = false;
+};
+
+/// YAML::LoadAll would do, but that it takes a stray comma for one empty document after the other, without
+/// end.
 YAML::Node rootOf(const std::string& text)
 {
-    const std::vector<YAML::Node> documents = YAML::LoadAll(text);
-    if (documents.size() > 1)
-        refuseAt(documents[1], "a second document begins here");
-    return documents.empty() ? YAML::Node() : documents.front();
+    std::istringstream stream(text);
+    YAML::Parser parser(stream);
+    OneDocument document;
+    while (parser.HandleNextDocument(document)) {
+    }
+    return YAML::Load(text);
 }
 
 } // namespace

@@ -257,7 +257,7 @@ def refused(text, *arguments):
     ("endpoints: {eth1: {address: 10.0.0.6/24, mask: 255.0.0.0}}", "line 1: eth1 mask: is given twice"),
     ("marking: {voice: XX}", 'line 1: marking voice: "XX" is no DSCP name (EF, CS5, AF41), no TOS byte (0xB8) and no custom:0x68'),
     ("a: [", "line 1: end of sequence flow not found"),
-    ("lan: {}\n---\nmarking: {}", "line 3: a second document begins here"),
+    ("lan: {}\n---\nmarking: {}", "line 2: a second document begins here"),
 ])
 def test_a_wanted_state_that_is_none(text, complaint):
     assert refused(text) == f"standard input: {complaint}"

@@ -95,7 +95,9 @@ TEST(WantedFile, thatIsNoneIsRefusedWithItsLine)
     EXPECT_EQ(complaintAbout("endpoints: 3"), "line 1: endpoints is to be a list of names and values");
     EXPECT_EQ(complaintAbout("? [a]\n: b"), "line 1: a name is expected");
     EXPECT_EQ(complaintAbout("lan: {}\nlan: {}"), "line 2: \"lan\" is given twice");
-    EXPECT_EQ(complaintAbout("lan: {}\n---\nlan: {}"), "line 3: a second document begins here");
+    EXPECT_EQ(complaintAbout("lan: {}\n---\nlan: {}"), "line 2: a second document begins here");
+    EXPECT_EQ(complaintAbout("{lan: {}},"), "line 1: a second document begins here");
+    EXPECT_EQ(complaintAbout(","), "line 1: a second document begins here");
     EXPECT_EQ(complaintAbout("a: [").substr(0, 8), "line 1: ");
     EXPECT_EQ(complaintAbout("a: *b").substr(0, 8), "line 1: ");
 }
