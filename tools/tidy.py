@@ -2,8 +2,15 @@
 clang-tidy sees: its text and that of its headers with all comments and macros, the way it is compiled, clang-tidy's
 configuration or clang-tidy itself.
 
-usage: tidy.py BUILD FILE...   (BUILD is the build tree whose compile_commands.json says how the files are compiled)
+Most of the time goes into the headers of the C++ library. So files of one folder are looked at together, included by
+one file, as far as they can be compiled so. The static analyzer knows such files: it looks at what they include too.
+
+usage: tidy.py [--deep] BUILD FILE...
+  --deep   have the static analyzer follow all calls as far as it can, which takes five times as long
+  BUILD    the build tree whose compile_commands.json says how the files are compiled
 """
+import argparse
+import collections
 import concurrent.futures
 import hashlib
 import json
@@ -14,71 +21,133 @@ import subprocess
 import sys
 
 TIDY = "clang-tidy-14"
+SHALLOW = ["-Xclang", "-analyzer-config", "-Xclang", "mode=shallow"]
+TOGETHER = 12
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+CONFIGURATION = ROOT / ".clang-tidy"
 
 
-def compile_commands(build):
-    entries = json.loads((build / "compile_commands.json").read_text())
-    return {pathlib.Path(entry["directory"], entry["file"]).resolve(): entry for entry in entries}
+class Source:
+    """A file with what it takes to compile it."""
 
+    def __init__(self, path, entry):
+        self.path = path
+        self.folder = entry["directory"]
+        words = shlex.split(entry["command"])
+        if pathlib.Path(words[0]).name == "ccache":
+            del words[0]
+        output = words.index("-o")
+        del words[output:output + 2]
+        words.remove("-c")
+        words.remove(entry["file"])
+        self.compiler, *self.options = words
 
-def preprocessing(command):
-    """The compile command as one that prints what clang-tidy sees."""
-    words = shlex.split(command)
-    if pathlib.Path(words[0]).name == "ccache":
-        del words[0]
-    output = words.index("-o")
-    del words[output:output + 2]
-    return [*words, "-E", "-CC", "-dD"]
+    def compile(self, *arguments):
+        return subprocess.run([self.compiler, *self.options, *arguments], cwd=self.folder, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, check=False)
 
-
-def configuration(file):
-    """The configuration files that apply to the file, from its folder up to the project's."""
-    found = (folder / ".clang-tidy" for folder in file.parents if folder.is_relative_to(pathlib.Path.cwd()))
-    return b"".join(path.read_bytes() for path in found if path.exists())
+    def kind(self):
+        """Equal for files that may be looked at together."""
+        return (self.path.parent, self.folder, self.compiler, *self.options)
 
 
 class Tidy:
-    def __init__(self, build):
-        self.build = build
-        self.commands = compile_commands(build)
+    def __init__(self, build, deep):
+        self.build = build.resolve()
+        self.extra = [] if deep else SHALLOW
+        self.verdicts = self.build / ("tidy-deep" if deep else "tidy")
+        self.verdicts.mkdir(exist_ok=True)
+        entries = json.loads((build / "compile_commands.json").read_text())
+        self.entries = {pathlib.Path(entry["directory"], entry["file"]).resolve(): entry for entry in entries}
         self.version = subprocess.run([TIDY, "--version"], check=True, stdout=subprocess.PIPE).stdout
 
-    def key(self, file):
-        """What the verdict depends on, or nothing for a file that the build does not compile or that cannot be preprocessed."""
-        entry = self.commands.get(file.resolve())
+    def source(self, path):
+        """A file that only other builds compile is taken to be compiled as its neighbours are."""
+        path = path.resolve()
+        neighbours = (entry for file, entry in self.entries.items() if file.parent == path.parent)
+        entry = self.entries.get(path) or next(neighbours, None)
         if entry is None:
-            return None
-        done = subprocess.run(preprocessing(entry["command"]), cwd=entry["directory"], stdout=subprocess.PIPE,
-                              stderr=subprocess.DEVNULL, check=False)
-        parts = (self.version, configuration(file.resolve()), entry["command"].encode(), done.stdout)
+            raise SystemExit(f"tidy.py: the build compiles nothing in the folder of {path}")
+        return Source(path, entry)
+
+    def verdict(self, source):
+        """The file that holds what the source looked like when it was found clean."""
+        return self.verdicts / (str(source.path.relative_to(ROOT)).replace("/", "+") + ".clean")
+
+    def key(self, source):
+        """What the verdict depends on; nothing for a file that cannot be preprocessed."""
+        done = source.compile("-E", "-CC", "-dD", str(source.path))
+        parts = (self.version, CONFIGURATION.read_bytes(), repr(source.kind()).encode(), done.stdout)
         return hashlib.sha256(b"\0".join(parts)).hexdigest() if done.returncode == 0 else None
 
-    def is_clean(self, file):
-        """Prints what clang-tidy says when it says anything."""
-        kept = self.build / "tidy" / (str(file).replace("/", "+") + ".clean")
-        key = self.key(file)
-        if key and kept.exists() and kept.read_text() == key:
-            return True
-        done = subprocess.run([TIDY, "-p", self.build, "--quiet", file], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                              text=True, check=False)
-        if done.returncode != 0:
-            print(done.stdout, end="", flush=True)
-        elif key:
-            kept.parent.mkdir(exist_ok=True)
-            kept.write_text(key)
-        return done.returncode == 0
+    def is_known_clean(self, source, key):
+        verdict = self.verdict(source)
+        return key is not None and verdict.exists() and verdict.read_text() == key
+
+    def joint(self, sources):
+        """One file for all of them."""
+        if len(sources) == 1:
+            return sources[0].path
+        file = self.verdict(sources[0]).with_suffix(".cpp")
+        file.write_text("".join(f'#include "{source.path}"\n' for source in sources))
+        return file
+
+    def compiling_groups(self, sources):
+        """Halves the group until each part can be compiled as one file; names of two files may clash."""
+        if len(sources) == 1 or sources[0].compile("-w", "-fsyntax-only", str(self.joint(sources))).returncode == 0:
+            return [sources]
+        half = len(sources) // 2
+        return self.compiling_groups(sources[:half]) + self.compiling_groups(sources[half:])
+
+    def complaints(self, sources):
+        """What clang-tidy says of the group, and whether it says nothing."""
+        first = sources[0]
+        command = [TIDY, "--quiet", f"--config-file={CONFIGURATION}", "--checks=-bugprone-suspicious-include",
+                   self.joint(sources), "--", *first.options, *self.extra]
+        done = subprocess.run(command, cwd=first.folder, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                              check=False)
+        return done.stdout, done.returncode == 0
 
 
-def main(build, *files):
-    tidy = Tidy(pathlib.Path(build))
+def groups_of(sources):
+    kinds = collections.defaultdict(list)
+    for source in sources:
+        kinds[source.kind()].append(source)
+    return [same[i:i + TOGETHER] for same in kinds.values() for i in range(0, len(same), TOGETHER)]
+
+
+def look(tidy, paths, pool):
+    """Whether all files are clean; prints what is wrong with those that are not."""
+    sources = [tidy.source(path) for path in paths]
+    keys = dict(zip(sources, pool.map(tidy.key, sources)))
+    unknown = [source for source in sources if not tidy.is_known_clean(source, keys[source])]
+    groups = [group for found in pool.map(tidy.compiling_groups, groups_of(unknown)) for group in found]
+    all_clean = True
+    for group, (said, clean) in zip(groups, pool.map(tidy.complaints, groups)):
+        if not clean:
+            print(said, end="", flush=True)
+            all_clean = False
+            continue
+        for source in group:
+            if keys[source]:
+                tidy.verdict(source).write_text(keys[source])
+    return all_clean
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--deep", action="store_true")
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("files", nargs="+", type=pathlib.Path)
+    arguments = parser.parse_args()
+    tidy = Tidy(arguments.build, arguments.deep)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         try:
-            clean = list(pool.map(tidy.is_clean, map(pathlib.Path, files)))
+            return 0 if look(tidy, arguments.files, pool) else 1
         except KeyboardInterrupt:
             pool.shutdown(cancel_futures=True)
             raise
-    return 0 if all(clean) else 1
 
 
 if __name__ == "__main__":
-    sys.exit(main(*sys.argv[1:]))
+    sys.exit(main())

@@ -1,5 +1,6 @@
 // Reading and writing on the product's streams. Other streams, GoogleTest's above all, pass by.
 
+#include "RealCalls.hpp"
 #include "World.hpp"
 
 #include <cerrno>
@@ -9,8 +10,6 @@
 using fakes::World;
 
 extern "C" {
-char* __real_fgets(char* line, int size, FILE* stream);
-size_t __real_fwrite(const void* data, size_t size, size_t count, FILE* stream);
 char* __wrap_fgets(char* line, int size, FILE* stream);
 size_t __wrap_fwrite(const void* data, size_t size, size_t count, FILE* stream);
 int __wrap_fprintf(FILE* stream, const char* format, ...) __attribute__((format(printf, 2, 3)));

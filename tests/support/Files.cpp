@@ -1,6 +1,7 @@
 // Files by absolute path, mapped into the world's tree in memory.
 
 #include "MemoryFiles.hpp"
+#include "RealCalls.hpp"
 #include "World.hpp"
 
 #include <fcntl.h>
@@ -12,11 +13,6 @@
 using fakes::World;
 
 extern "C" {
-int __real_open(const char* path, int flags, ...);
-FILE* __real_fopen(const char* path, const char* mode);
-int __real_fclose(FILE* stream);
-int __real_rename(const char* from, const char* to);
-int __real_remove(const char* path);
 int __wrap_open(const char* path, int flags, ...);
 FILE* __wrap_fopen(const char* path, const char* mode);
 int __wrap_fclose(FILE* stream);

@@ -1,5 +1,6 @@
 // Host name, system log, waiting and perror.
 
+#include "RealCalls.hpp"
 #include "World.hpp"
 
 #include <netdb.h>
@@ -13,9 +14,6 @@
 using fakes::World;
 
 extern "C" {
-int __real_gethostname(char* name, size_t length);
-hostent* __real_gethostbyname(const char* name);
-unsigned int __real_sleep(unsigned int seconds);
 int __wrap_gethostname(char* name, size_t length);
 hostent* __wrap_gethostbyname(const char* name);
 unsigned int __wrap_sleep(unsigned int seconds);

@@ -1,5 +1,6 @@
 // Sockets, interface requests and the packet-filter device of the faked kernel.
 
+#include "RealCalls.hpp"
 #include "World.hpp"
 
 #include <fcntl.h>
@@ -19,10 +20,6 @@ using fakes::Interface;
 using fakes::World;
 
 extern "C" {
-int __real_socket(int domain, int type, int protocol);
-int __real_ioctl(int fd, unsigned long request, ...);
-int __real_close(int fd);
-int __real_open(const char* path, int flags, ...);
 int __wrap_socket(int domain, int type, int protocol);
 int __wrap_ioctl(int fd, unsigned long request, ...);
 int __wrap_close(int fd);

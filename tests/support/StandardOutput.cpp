@@ -1,13 +1,9 @@
 #include "StandardOutput.hpp"
+#include "RealCalls.hpp"
 
 #include <unistd.h>
 
 #include <stdexcept>
-
-extern "C" {
-int __real_close(int fd);
-int __real_fclose(FILE* stream);
-}
 
 namespace fakes
 {

@@ -27,13 +27,19 @@ def project(tmp_path):
         (tmp_path / source).touch()
     (tmp_path / "docs/architecture.md").write_text("| `src/room` | one | nothing of the project |\n")
     (tmp_path / "bin").mkdir()
-    (tmp_path / "commands.json").write_text(json.dumps(
-        [{"directory": str(tmp_path), "file": "src/room/one.cpp", "command": "compiler -o one.o -c src/room/one.cpp"}]))
+    (tmp_path / ".clang-tidy").touch()
+    compiled(tmp_path, "src/room/one.cpp")
     for tool in ("clang-format-14", "clang-tidy-14"):
         play(tmp_path, tool, f'echo "{tool} $*" >>called')
     play(tmp_path, "cmake", 'echo "cmake $*" >>called; mkdir -p build/clang; cp commands.json build/clang/compile_commands.json')
     play(tmp_path, "compiler", "cat src/room/one.*")
     return tmp_path
+
+
+def compiled(project, *sources, options=""):
+    """The build compiles these sources."""
+    (project / "commands.json").write_text(json.dumps([
+        {"directory": str(project), "file": source, "command": f"compiler {options} -o some.o -c {source}"} for source in sources]))
 
 
 def play(project, tool, script):
@@ -73,7 +79,7 @@ def test_the_style_lane_alone_succeeds_with_all_its_results(project):
     assert (done.returncode, done.stdout.splitlines()[-1]) == (0, "3 passed, 0 failed")
     assert (project / "called").read_text() == (
         "clang-format-14 --dry-run --Werror ./src/room/one.cpp ./src/room/one.hpp\ncmake --preset clang\n"
-        "clang-tidy-14 --version\nclang-tidy-14 -p build/clang --quiet src/room/one.cpp\n")
+        "clang-tidy-14 --version\n" + look_at(project, project / "src/room/one.cpp"))
 
 
 @pytest.mark.parametrize("tool", ["clang-format-14", "clang-tidy-14"])
@@ -84,9 +90,15 @@ def test_what_a_style_tool_finds_is_one_failure(project, tool):
     assert "   src/room/one.cpp:1: untidy\n" in done.stdout
 
 
+def look_at(project, file, options="-Xclang -analyzer-config -Xclang mode=shallow"):
+    """The call by which clang-tidy looks at a file."""
+    return (f"clang-tidy-14 --quiet --config-file={project}/.clang-tidy --checks=-bugprone-suspicious-include {file} -- "
+            f"{options}").rstrip() + "\n"
+
+
 def looks(project):
     """How often clang-tidy has looked at the source."""
-    return (project / "called").read_text().count("clang-tidy-14 -p build/clang --quiet src/room/one.cpp")
+    return (project / "called").read_text().count(f"{project}/src/room/one.cpp -- ")
 
 
 def test_what_clang_tidy_found_clean_is_not_looked_at_again(project):
@@ -97,7 +109,6 @@ def test_what_clang_tidy_found_clean_is_not_looked_at_again(project):
 
 @pytest.mark.parametrize("changed, content", [
     ("src/room/one.cpp", "// NOLINT\n"), ("src/room/one.hpp", "#define ONE\n"), (".clang-tidy", "Checks: misc-*\n"),
-    ("commands.json", '[{"directory": ".", "file": "src/room/one.cpp", "command": "compiler -g -o one.o -c src/room/one.cpp"}]'),
     ("bin/clang-tidy-14", '#!/bin/bash\necho "clang-tidy-14 $*" >>called; echo another version\n'),
     ("bin/compiler", "#!/bin/bash\nexit 1\n")])
 def test_clang_tidy_looks_again_after_a_change(project, changed, content):
@@ -114,11 +125,66 @@ def test_what_clang_tidy_complains_of_is_looked_at_each_time(project):
     assert looks(project) == 2
 
 
-def test_a_source_that_the_build_does_not_compile_is_looked_at_each_time(project):
-    (project / "commands.json").write_text("[]")
+def test_clang_tidy_looks_again_when_the_source_is_compiled_otherwise(project):
+    run(project, "style")
+    compiled(project, "src/room/one.cpp", options="-g")
+    run(project, "style")
+    assert look_at(project, project / "src/room/one.cpp", "-g -Xclang -analyzer-config -Xclang mode=shallow") in (
+        project / "called").read_text()
+
+
+def add_second_source(project):
+    (project / "src/room/two.cpp").touch()
+    (project / "src/room/two.hpp").touch()
+    compiled(project, "src/room/one.cpp", "src/room/two.cpp")
+
+
+def test_clang_tidy_looks_at_the_files_of_a_folder_together(project):
+    add_second_source(project)
     for _ in range(2):
         assert run(project, "style").stdout.endswith("3 passed, 0 failed\n")
-    assert looks(project) == 2
+    joint = project / "build/clang/tidy/src+room+one.cpp.cpp"
+    assert (project / "called").read_text().count(look_at(project, joint)) == 1
+    assert joint.read_text() == f'#include "{project}/src/room/one.cpp"\n#include "{project}/src/room/two.cpp"\n'
+
+
+def test_what_is_wrong_with_one_of_them_leaves_none_clean(project):
+    add_second_source(project)
+    play(project, "clang-tidy-14", 'echo "clang-tidy-14 $*" >>called; [[ $* = --version ]]')
+    for _ in range(2):
+        assert run(project, "style").stdout.endswith("2 passed, 1 failed\n")
+    assert (project / "called").read_text().count("one.cpp.cpp -- ") == 2
+
+
+def test_files_that_cannot_be_compiled_together_are_looked_at_alone(project):
+    add_second_source(project)
+    play(project, "compiler", "[[ $* != *-fsyntax-only* ]]")
+    assert run(project, "style").stdout.endswith("3 passed, 0 failed\n")
+    called = (project / "called").read_text()
+    assert look_at(project, project / "src/room/one.cpp") in called
+    assert look_at(project, project / "src/room/two.cpp") in called
+
+
+def test_a_source_that_only_other_builds_compile_is_looked_at_as_its_neighbours(project):
+    (project / "src/room/two.cpp").touch()
+    (project / "src/room/two.hpp").touch()
+    compiled(project, "src/room/one.cpp", options="-g")
+    assert run(project, "style").stdout.endswith("3 passed, 0 failed\n")
+    assert f'#include "{project}/src/room/two.cpp"' in (project / "build/clang/tidy/src+room+one.cpp.cpp").read_text()
+
+
+def test_a_source_in_a_folder_that_nobody_compiles_is_a_failure(project):
+    compiled(project)
+    done = run(project, "style")
+    assert done.stdout.endswith("2 passed, 1 failed\n")
+    assert f"the build compiles nothing in the folder of {project}/src/room/one.cpp" in done.stdout
+
+
+def test_the_deep_analysis_keeps_verdicts_of_its_own(project):
+    run(project, "style")
+    for _ in range(2):
+        assert run(project, "--analyze").stdout.endswith("1 passed, 0 failed\n")
+    assert (project / "called").read_text().count(look_at(project, project / "src/room/one.cpp", "")) == 1
 
 
 def test_an_include_of_a_room_that_the_table_does_not_allow_is_one_failure(project):

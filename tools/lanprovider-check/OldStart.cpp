@@ -11,10 +11,9 @@ using Argument = std::uintptr_t;
 __asm__(".symver firstStart, __libc_start_main@GLIBC_2.0");
 
 extern "C" int firstStart(Argument, Argument, Argument, Argument, Argument, Argument, Argument);
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the linker's name
+// The linker's names.
 extern "C" int __wrap___libc_start_main(Argument, Argument, Argument, Argument, Argument, Argument, Argument);
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" int __wrap___libc_start_main(Argument argumentCount, Argument arguments, Argument environment,
                                         Argument auxiliary, Argument atExit, Argument startInfo,
                                         Argument stack)

@@ -15,7 +15,7 @@
 
 using fakes::Lines;
 
-extern "C" int __real_close(int fd); // NOLINT(bugprone-reserved-identifier): named by the linker
+extern "C" int __real_close(int fd);
 
 namespace
 {

@@ -33,7 +33,7 @@ const char* textOf(const void* string)
 } // namespace
 
 extern "C" {
-// NOLINTBEGIN(bugprone-reserved-identifier): the linker's and the runtime's names
+// The linker's and the runtime's names.
 int __real___cxa_atexit(void (*destructor)(void*), void* object, void* library);
 int __wrap___cxa_atexit(void (*destructor)(void*), void* object, void* library);
 
@@ -43,7 +43,6 @@ int __wrap___cxa_atexit(void (*destructor)(void*), void* object, void* library)
         registered[count++] = object;
     return __real___cxa_atexit(destructor, object, library);
 }
-// NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace

@@ -34,19 +34,19 @@ void note(const std::string& line)
 // The mutex of the decorator, and of everything else in this program, is the C library's, and its use is
 // noted.
 extern "C" {
-int __real_pthread_mutex_lock(pthread_mutex_t*);   // NOLINT(bugprone-reserved-identifier): the linker's name
-int __real_pthread_mutex_unlock(pthread_mutex_t*); // NOLINT(bugprone-reserved-identifier)
-int __wrap_pthread_mutex_lock(pthread_mutex_t*);   // NOLINT(bugprone-reserved-identifier)
-int __wrap_pthread_mutex_unlock(pthread_mutex_t*); // NOLINT(bugprone-reserved-identifier)
+int __real_pthread_mutex_lock(pthread_mutex_t*);
+int __real_pthread_mutex_unlock(pthread_mutex_t*);
+int __wrap_pthread_mutex_lock(pthread_mutex_t*);
+int __wrap_pthread_mutex_unlock(pthread_mutex_t*);
 
-int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex) // NOLINT(bugprone-reserved-identifier)
+int __wrap_pthread_mutex_lock(pthread_mutex_t* mutex)
 {
     const int status = __real_pthread_mutex_lock(mutex);
     note("lock");
     return status;
 }
 
-int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex) // NOLINT(bugprone-reserved-identifier)
+int __wrap_pthread_mutex_unlock(pthread_mutex_t* mutex)
 {
     note("unlock");
     return __real_pthread_mutex_unlock(mutex);
