@@ -20,7 +20,7 @@ BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
 # OpenWBEM, which runs reads side by side, bears only one variant, and a build for it delivers that one.
 LIBRARY_DIRS = ({"serialising": BUILD / "src"} if OPENWBEM else
                 {"plain": BUILD / "src", "serialising": BUILD / "src/serialising"})
-DEFAULT_VARIANT = next(iter(LIBRARY_DIRS))
+DEFAULT_VARIANT = os.environ.get("KV_LIBRARY_VARIANT") or next(iter(LIBRARY_DIRS))
 
 # Posts the body that comes on standard input; prints the answer's body.
 POST = """

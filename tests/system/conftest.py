@@ -42,13 +42,10 @@ def pytest_configure(config):
 
 
 def pytest_generate_tests(metafunc):
-    """KV_LIBRARY_VARIANT chooses the variant that all tests run with."""
-    if "managed" not in metafunc.fixturenames:
-        return
-    variants = [os.environ.get("KV_LIBRARY_VARIANT", DEFAULT_VARIANT)]
-    if metafunc.definition.get_closest_marker("both_variants"):
-        variants = list(LIBRARY_DIRS)
-    metafunc.parametrize("managed", variants, indirect=True)
+    """The fixtures that start an object manager take the variant of the library."""
+    for fixture in {"managed", "unloading"} & set(metafunc.fixturenames):
+        both = metafunc.definition.get_closest_marker("both_variants")
+        metafunc.parametrize(fixture, list(LIBRARY_DIRS) if both else [DEFAULT_VARIANT], indirect=True)
 
 
 @pytest.fixture
@@ -61,7 +58,7 @@ def managed(request):
 
 
 @pytest.fixture
-def unloading():
+def unloading(request):
     """The same, with an object manager that unloads idle libraries."""
-    with ManagedServer("--unload-idle") as started:
+    with ManagedServer("--unload-idle", variant=request.param) as started:
         yield started

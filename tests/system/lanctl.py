@@ -10,7 +10,9 @@ import time
 
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 BUILD = pathlib.Path(os.environ.get("KV_BUILD_DIR", CHECKOUT / "build/dev"))
-LANCTL = pathlib.Path(os.environ.get("LANCTL", BUILD / "client/lanctl"))
+# A build for an installed OpenWBEM has no client; the one of another build tree serves.
+CLIENT = pathlib.Path(os.environ.get("KV_CLIENT_DIR", BUILD / "client"))
+LANCTL = pathlib.Path(os.environ.get("LANCTL", CLIENT / "lanctl"))
 
 STATE = tempfile.TemporaryDirectory(prefix="lanctl-tests-")  # the states before changes
 

@@ -281,3 +281,15 @@ def test_the_distributions_client_reads_and_changes(managed):
     assert address_of(managed, "eth1") == "10.0.0.8/24"
     answer = managed.wbemcli("mi", 'pbx/root/cimv2:ORX_LANEndpoint.Name="eth1"', 'IPAddress="10.0.0.300"')
     assert "general error (Invalid IP address format)" in answer
+
+
+def test_a_change_waits_while_another_process_holds_the_semaphore(managed):
+    managed.sh("flock $KV_STATE_DIR/lan.lock sh -c 'touch /run/held; while test -e /run/held; do sleep 0.05; done' >/dev/null 2>&1 &")
+    managed.wait_for("test -e /run/held")
+    managed.sh("{ wbemcli mi 'pbx/root/cimv2:ORX_LANEndpoint.Name=\"eth1\"' 'IPAddress=\"10.0.0.6\"'; touch /run/answered; } >/dev/null 2>&1 &")
+    managed.wait_for("grep -q -- \"-> FLOCK.*:$(stat -c %i $KV_STATE_DIR/lan.lock) \" /proc/locks")
+    assert managed.run("test -e /run/answered").status == 1
+    assert address_of(managed, "eth1") == "10.0.0.5/24"
+    managed.sh("rm /run/held")
+    managed.wait_for("test -e /run/answered")
+    assert address_of(managed, "eth1") == "10.0.0.6/24"

@@ -1,7 +1,11 @@
 """The object manager unloads the library when nobody has asked for long, and loads it again for the next request."""
 import time
 
+import pytest
+
 from cim import OPENWBEM
+
+pytestmark = pytest.mark.both_variants
 
 # OpenWBEM looks once a minute; kv-cimom every second.
 LONGEST_WAIT = 150 if OPENWBEM else 15

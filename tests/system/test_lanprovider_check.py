@@ -48,6 +48,7 @@ def test_a_name_without_a_folder_is_the_file_in_this_one(library):
 @pytest.mark.parametrize("source, reason", [
     (FACTORY, "has no function getOWVersion: it is no C++ provider of OpenWBEM"),
     (VERSION, "has no function createProviderSample, which OpenWBEM derives from the name of the file"),
+    (VERSION.replace('"3.0.3"', "nullptr") + FACTORY, "was built for version (none) of the provider interface, not for 3.0.3"),
     (VERSION.replace("3.0.3", "3.1.0") + FACTORY, "was built for version 3.1.0 of the provider interface, not for 3.0.3"),
 ])  # fmt: skip
 def test_a_library_that_openwbem_refuses_is_unfit(library, source, reason):

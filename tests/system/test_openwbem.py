@@ -39,7 +39,8 @@ def play(program, script):
 
 
 def run(prefix, *command):
-    environment = {**os.environ, "KV_OPENWBEM_ROOT": str(prefix), "KV_BUILD_DIR": str(prefix.parent / "build")}
+    environment = {**os.environ, "KV_OPENWBEM_ROOT": str(prefix), "KV_BUILD_DIR": str(prefix.parent / "build"),
+                   "KV_CLIENT_DIR": str(DEVELOPMENT / "client")}
     return subprocess.run(command, cwd=CHECKOUT, env=environment, capture_output=True, text=True, check=False)
 
 
@@ -60,11 +61,19 @@ def test_the_tour_says_whose_object_manager_it_is_and_finds_everything_as_expect
 
 
 def test_the_system_tests_ask_for_what_is_particular_to_it(made_up):
-    chosen = ["test_idle_unloading.py", "test_class_definitions.py", "test_marking_operations.py", "test_cimom_command.py"]
+    chosen = ["test_idle_unloading.py", "test_class_definitions.py", "test_marking_operations.py", "test_cimom_command.py",
+              "test_lanctl_commands.py"]
     done = run(made_up, "/usr/bin/python3", "-m", "pytest", "-q", *(f"tests/system/{name}" for name in chosen), "-k",
-               "idle or fits or restart or enumerates or created or signal")
+               "idle or fits or restart or enumerates or created or signal or export_diff")
     assert done.returncode == 0, done.stdout + done.stderr
     assert " passed, " in done.stdout and " skipped" not in done.stdout
+
+
+def test_the_storm_drives_it_by_its_port(made_up):
+    environment = "PYTHONPATH=tests/support/python"
+    done = on_server(made_up, "env", environment, "/usr/bin/python3", "tests/soak/storm.py", "400", "at", "5988")
+    assert (done.returncode, done.stdout) == (
+        0, "storm: 8 clients, 400 requests, 0 wrong answers, the object manager at port 5988\n"), done.stderr
 
 
 def test_the_system_tests_leave_out_what_is_about_the_projects_own_programs(made_up):

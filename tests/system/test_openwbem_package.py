@@ -7,7 +7,7 @@ import subprocess
 import pytest
 
 from cim import BUILD
-from openwbem_prefix import ROOT, make_library, make_prefix
+from openwbem_prefix import ROOT, made_afresh, make_library, make_prefix
 
 # Fixed places, so that a second run finds its compilations in the cache.
 PREFIX = BUILD / "openwbem-prefix"
@@ -26,7 +26,7 @@ def tree():
     make_prefix(PREFIX, "g++", BUILD)
     (PREFIX / "platform").mkdir()
     make_library("g++", PREFIX / "platform/libkvu.so", ROOT / "tests/target/AbsentPlatform.cpp")
-    subprocess.run(["cmake", "--preset", "openwbem", "-B", TREE, f"-DOPENWBEM_ROOT={PREFIX}", "-DCMAKE_BUILD_TYPE=Debug",
+    subprocess.run(["cmake", *made_afresh(TREE), "--preset", "openwbem", "-B", TREE, f"-DOPENWBEM_ROOT={PREFIX}", "-DCMAKE_BUILD_TYPE=Debug",
                     f"-DKV_PLATFORM_LIBRARIES={PREFIX}/platform/libkvu.so"],
                    cwd=ROOT, check=True, capture_output=True)  # fmt: skip
     subprocess.run(["cmake", "--build", TREE, "-j", str(os.cpu_count()), "--target", *DELIVERED, "unit_serialising"],

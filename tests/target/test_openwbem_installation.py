@@ -11,7 +11,7 @@ import subprocess
 
 import pytest
 
-from openwbem_prefix import LIBRARIES, change, make_library, make_prefix
+from openwbem_prefix import LIBRARIES, change, made_afresh, make_library, make_prefix
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 RELEASE = ROOT / "build/powerpc-release"
@@ -27,7 +27,7 @@ PLATFORM_LIBRARIES = ["kvu", "kvnet"]
 
 
 def configure(build, prefix, *options):
-    command = ["cmake", "--preset", "openwbem", "-B", build, "--toolchain", ROOT / "cmake/powerpc-linux-gnu.cmake",
+    command = ["cmake", *made_afresh(build), "--preset", "openwbem", "-B", build, "--toolchain", ROOT / "cmake/powerpc-linux-gnu.cmake",
                f"-DOPENWBEM_ROOT={prefix}", "-DCMAKE_BUILD_TYPE=Debug", *options]  # fmt: skip
     return subprocess.run(command, cwd=ROOT, capture_output=True, text=True, check=False)
 

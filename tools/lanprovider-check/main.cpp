@@ -56,9 +56,9 @@ std::string flawOf(void* library, const std::string& provider)
     if (version == nullptr)
         return "has no function getOWVersion: it is no C++ provider of OpenWBEM";
     const char* const found = reinterpret_cast<const char* (*)()>(version)();
-    if (std::strcmp(found, interfaceVersion) != 0)
-        return std::string("was built for version ") + found + " of the provider interface, not for " +
-               interfaceVersion;
+    if (found == nullptr || std::strcmp(found, interfaceVersion) != 0)
+        return std::string("was built for version ") + (found ? found : "(none)") +
+               " of the provider interface, not for " + interfaceVersion;
     const std::string factory = "createProvider" + provider;
     if (dlsym(library, factory.c_str()) == nullptr)
         return "has no function " + factory + ", which OpenWBEM derives from the name of the file";

@@ -55,5 +55,12 @@ def make_prefix(prefix, compiler, build):
     return prefix
 
 
+def made_afresh(tree):
+    """The option of CMake for a kept build tree that was made while the checkout lay elsewhere, which CMake refuses."""
+    cache = tree / "CMakeCache.txt"
+    stays = not cache.exists() or f"CMAKE_HOME_DIRECTORY:INTERNAL={ROOT}\n" in cache.read_text()
+    return [] if stays else ["--fresh"]
+
+
 def change(file, how):
     file.write_text(how(file.read_text()))
