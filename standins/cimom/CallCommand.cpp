@@ -54,7 +54,7 @@ std::pair<String, CIMValue> parseAssignment(const std::string& text)
     return {String(text.substr(0, equals).c_str()), CIMValue(String(text.substr(equals + 1).c_str()))};
 }
 
-// All values are strings here; they are cast to the types of the class.
+// All values are strings here. Later they are cast to the types of the class.
 CIMInstance instanceOf(const Target& target, const CallOptions& options)
 {
     CIMInstance instance(CIMName(target.path.getClassName()));
@@ -84,7 +84,7 @@ ReadOptions allOfIt()
     return options;
 }
 
-// A list is one line each as text, an array as JSON.
+// A list: as text one line an entry, as JSON an array.
 class ListText
 {
   public:

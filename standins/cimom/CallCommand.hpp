@@ -16,9 +16,9 @@ struct CallOptions {
     bool json = false;
 };
 
-// Performs one operation without HTTP. Operation names ignore letter case; one that is no operation is a
-// method of the object. Prints the result on standard output and an error on standard error, or either as
-// JSON on standard output. Returns the exit code: 0, or the CIM code of the error.
+// Performs one operation without HTTP. Letter case does not matter in an operation's name. A name that is no
+// operation is a method of the object. Prints the result on standard output and an error on standard error.
+// With JSON both go to standard output. Returns the exit code: 0, or the CIM code of the error.
 int call(ObjectManager& objectManager, const CallOptions& options);
 
 } // namespace cimom

@@ -11,7 +11,7 @@ namespace cimom
 // What a call prints, as text or as JSON; appended to a string, without a final line break.
 
 void appendJsonString(std::string& json, std::string_view text);
-// Numbers, booleans and null as such, anything else as a string, arrays as arrays.
+// Numbers, booleans, null and arrays are written as such, anything else as a string.
 void appendJsonValue(std::string& json, const OpenWBEM::CIMValue& value);
 
 std::string pathText(const OpenWBEM::CIMObjectPath& path, bool asJson);

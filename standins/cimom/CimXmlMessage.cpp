@@ -10,7 +10,7 @@ namespace
 const unsigned badRequest = 400;
 const unsigned notImplemented = 501;
 
-// Any 2.x: what is used here has been the same since 2.0.
+// Accepts any 2.x: what is used here has been the same since 2.0.
 void checkVersion(const XmlElement& element, const char* attribute, const char* cimError)
 {
     if (!element.hasAttribute(attribute)) {

@@ -50,7 +50,7 @@ CIMValue arrayValue(const XmlElement& array, const String& type)
     return CIMValueCast::castValueToDataType(CIMValue(texts), arrayType);
 }
 
-// Of sint64, or of real64 when it is no integer.
+// A key of type sint64, or real64 when it is no integer.
 CIMValue numericKey(const String& text)
 {
     try {
@@ -125,7 +125,7 @@ CIMObjectPath readInstanceName(const XmlElement& instanceName)
     }
     if (const XmlElement& nameless = instanceName.child("KEYVALUE")) {
         keys.push_back(
-            CIMProperty(CIMName(""), CIMValue(nameless.text.c_str()))); // no class has a key of this name
+            CIMProperty(CIMName(""), CIMValue(nameless.text.c_str()))); // no class has a key without a name
     }
     return CIMObjectPath(CIMName(instanceName.attribute("CLASSNAME")), keys);
 }
@@ -225,7 +225,7 @@ CIMInstance IntrinsicParameters::instance(const char* name) const
     return readInstance(requireElement(name, "INSTANCE"));
 }
 
-// Its name is not looked at: class and keys are those of the instance.
+// The instance's name is not looked at: class and keys are those of the instance itself.
 CIMInstance IntrinsicParameters::namedInstance(const char* name) const
 {
     const XmlElement& named = requireElement(name, "VALUE.NAMEDINSTANCE");

@@ -15,18 +15,18 @@
 namespace cimom
 {
 
-// What the elements of a call mean. All of it throws CIMException INVALID_PARAMETER for what is not as
-// DSP0201 has it, with OpenWBEM's words where it has any.
+// What the elements of a call mean. Every function throws CIMException INVALID_PARAMETER for XML that is not
+// as DSP0201 demands. The text is OpenWBEM's where it has one.
 
 // The namespace of <LOCALNAMESPACEPATH> in the parent, its parts joined by slashes.
 OpenWBEM::String readNameSpace(const XmlElement& parent);
 
-// <INSTANCENAME>: keys as they come, to be cast to the types of the class. CIMException FAILED for a numeric
-// key that is no number.
+// <INSTANCENAME>: keys as they come, to be cast to the types of the class. Throws CIMException FAILED for a
+// numeric key that is no number.
 OpenWBEM::CIMObjectPath readInstanceName(const XmlElement& instanceName);
 
-// <INSTANCE>: the properties in the client's order with values of the types that the client names. Of its
-// qualifiers only the names: the values are the class's.
+// <INSTANCE>: the properties in the client's order, with values of the types that the client names. Of
+// qualifiers only the names are read: their values are the class's.
 OpenWBEM::CIMInstance readInstance(const XmlElement& instance);
 
 // The <VALUE> or <VALUE.ARRAY> in the parent, of the named type; null when there is none or no such type.
@@ -35,8 +35,8 @@ OpenWBEM::CIMValue readValue(const XmlElement& parent, const OpenWBEM::String& t
 // <PARAMVALUE>s of a method call. Without PARAMTYPE a value is a string.
 OpenWBEM::CIMParamValueArray readMethodParameters(const XmlElement& call);
 
-// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case; of one given twice the last counts.
-// The call must outlive it.
+// The <IPARAMVALUE>s of an intrinsic call, by name in any letter case. When a name comes twice, the last one
+// counts. The call must outlive this object.
 class IntrinsicParameters
 {
   public:

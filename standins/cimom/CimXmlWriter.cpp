@@ -162,7 +162,7 @@ void appendMethod(std::string& xml, const CIMMethod& method, const ClassView& vi
         appendQualifiers(xml, method.getQualifiers());
     }
     for (const CIMParameter& parameter : method.getParameters()) {
-        appendParameter(xml, parameter); // its qualifiers stay whatever the client asked for
+        appendParameter(xml, parameter); // its qualifiers stay, whatever the client asked for
     }
     xml.append("</METHOD>");
 }

@@ -13,8 +13,8 @@ namespace cimom
 
 struct QualifierDeclaration;
 
-// CIM-XML (DMTF DSP0201) as OpenWBEM 3.0.3 renders it, appended to a string. Elements are never closed in
-// themselves, <CLASSNAME/> excepted: the usual command line client does not read <PROPERTY/>.
+// CIM-XML (DMTF DSP0201) as OpenWBEM 3.0.3 renders it, appended to a string. Empty elements have an end tag,
+// except <CLASSNAME/>: the usual command line client does not read <PROPERTY/>.
 
 // Which part of a class a client asked for.
 struct ClassView {
@@ -43,8 +43,8 @@ void appendQualifierDeclaration(std::string& xml, const QualifierDeclaration& de
 void appendReturnValue(std::string& xml, const OpenWBEM::CIMValue& value);
 void appendParamValue(std::string& xml, const OpenWBEM::CIMParamValue& parameter);
 
-// What is around a call's result, and what an error answers in its place. The element is IMETHODRESPONSE or
-// METHODRESPONSE.
+// What stands around a call's result, and the error that takes a result's place. The element is
+// IMETHODRESPONSE or METHODRESPONSE.
 void beginResponse(std::string& xml, const char* messageId, const char* element, const char* method);
 void endResponse(std::string& xml, const char* element);
 void appendError(std::string& xml, int code, const char* description);

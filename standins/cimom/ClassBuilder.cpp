@@ -77,8 +77,8 @@ CIMValue convert(const MofValue& mof, const CIMDataType& type)
     return CIMValueCast::castValueToDataType(CIMValue(texts), type);
 }
 
-// Adds the qualifiers that an element has because its superclass has them. One that the element repeats with
-// the same value counts as inherited, not as its own.
+// Adds the qualifiers that an element inherits from its superclass. One that the element repeats with the
+// same value counts as inherited.
 void inheritQualifiers(CIMQualifierArray& own, const CIMQualifierArray& inherited)
 {
     for (CIMQualifier qualifier : inherited) {

@@ -5,8 +5,8 @@
 namespace cimom
 {
 
-// Makes CIM declarations of what a MOF file says. Throws MofError for names that mean nothing and values that
-// do not fit their type.
+// Make CIM declarations of what a MOF file says. They throw MofError for unknown names and for values that do
+// not fit their type.
 QualifierDeclaration buildQualifierDeclaration(const MofQualifierDeclaration& mof);
 
 class ClassBuilder

@@ -19,15 +19,14 @@ struct QualifierDeclaration {
     std::vector<std::string> scopes; // lower case
 };
 
-// Reads like "the classes of one namespace": all complete with what they inherit, in the order of
-// declaration.
+// The classes of one namespace in the order of declaration, complete with what they inherit.
 class NameSpace
 {
   public:
     // Null when there is no such class; letter case does not matter.
     OpenWBEM::CIMClass findClass(const OpenWBEM::CIMName& name) const;
-    // The subclasses of a class, or the classes without superclass when the name is empty. Deep: with the
-    // subclasses of each behind it.
+    // The subclasses of a class, or the classes without superclass when the name is empty. With `deep`, each
+    // is followed by its own subclasses.
     OpenWBEM::CIMClassArray subclasses(const OpenWBEM::CIMName& name, bool deep) const;
     const QualifierDeclaration* findQualifier(const OpenWBEM::CIMName& name) const;
     const std::vector<QualifierDeclaration>& qualifiers() const { return m_qualifiers; }
@@ -47,7 +46,7 @@ class ClassRepository
   public:
     ClassRepository();
 
-    // Throws MofError, after which the declarations before the faulty one are there.
+    // Throws MofError; the declarations before the faulty one are then there.
     void add(const MofDocument& document);
 
     // Throws CIMException INVALID_NAMESPACE; letter case does not matter.

@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 
 Connection::Connection(int socket) : m_socket(socket)
 {
-    const int on = 1; // an answer is written at once, so that nothing is gained by waiting for more
+    const int on = 1; // an answer is written whole: there is nothing more to wait for
     setsockopt(m_socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 

@@ -8,8 +8,8 @@
 namespace cimom
 {
 
-// The socket of one client. Reading and writing have a time limit that covers everything up to the next one,
-// so that a client gains nothing by sending or reading a byte at a time.
+// The socket of one client. A time limit covers all reading and writing until the next limit is set: a client
+// gains nothing by sending or reading a byte at a time.
 class Connection
 {
   public:
@@ -27,11 +27,11 @@ class Connection
     // False when the client does not take all of it.
     bool write(std::string_view bytes);
 
-    // Ends the server's side and waits for the client to end its own. Data that nobody reads would take an
-    // answer away from the client that has not read it yet.
+    // Ends the server's side and waits for the client to end its own. If the client's data were left unread,
+    // closing would take away an answer that the client has not read yet.
     void finish();
 
-    // From another thread: there is nothing more to read.
+    // Another thread calls this: no more is read from the client.
     void stopReading() const;
     void close();
 

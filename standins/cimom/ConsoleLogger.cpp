@@ -9,7 +9,7 @@ namespace cimom
 
 void ConsoleLogger::doProcessLogMessage(const OpenWBEM::LogMessage& message) const
 {
-    // One write, so that lines of two threads do not mix.
+    // One write: lines of two threads do not mix.
     const std::string line = std::string(message.category.c_str()) + " " + message.message.c_str() + "\n";
     std::fwrite(line.data(), 1, line.size(), stderr);
 }

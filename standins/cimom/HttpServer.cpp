@@ -114,12 +114,12 @@ class HttpServer::Clients
     const Handler m_handler;
     const Log m_log;
     const ListeningSocket m_listening;
-    std::mutex m_mutex; // of what follows
+    std::mutex m_mutex; // guards the following members
     std::condition_variable m_changed;
     std::list<Client> m_clients;
     unsigned m_present = 0; // clients that have not left
     bool m_isEnding = false;
-    std::thread m_acceptingThread; // the last member, so that it finds the others
+    std::thread m_acceptingThread; // the last member: it uses the others
 };
 
 HttpServer::Clients::Clients(const HttpOptions& options, Handler handler, Log log)
@@ -160,7 +160,7 @@ void HttpServer::Clients::accept()
     }
 }
 
-// False at the end.
+// Returns false once the server ends.
 bool HttpServer::Clients::waitForRoom()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
@@ -168,7 +168,7 @@ bool HttpServer::Clients::waitForRoom()
     return !m_isEnding;
 }
 
-// The process has run out of descriptors, say.
+// The process has run out of descriptors, for example.
 void HttpServer::Clients::waitAfterFailure()
 {
     std::unique_lock<std::mutex> lock(m_mutex);

@@ -13,7 +13,7 @@ struct HttpOptions {
     std::string address = "127.0.0.1"; // numeric IPv4 or IPv6
     std::uint16_t port = 5988;         // 0: any free one
     std::size_t maxBody = 1 << 20;     // bytes of a request
-    unsigned timeout = 30; // seconds: for the silence between requests, for a header, a body, an answer
+    unsigned timeout = 30; // seconds for the silence between requests, a header, a body, an answer each
     unsigned maxConnections = 256; // more wait until one closes
 };
 
@@ -24,15 +24,16 @@ struct HttpAnswer {
     std::string body;     // CIM-XML; empty with a refusal
 };
 
-// Serves CIM-XML over HTTP, POST and M-POST on any path. Each connection has a thread of its own: a client
-// slow to send or to read holds up nobody, and handlers run side by side.
+// Serves CIM-XML over HTTP, POST and M-POST on any path. Each connection has a thread of its own. So a slow
+// client holds up nobody, and handlers run side by side.
 class HttpServer
 {
   public:
     using Handler = std::function<HttpAnswer(const std::string& body)>; // called on any thread
     using Log = std::function<void(const std::string& line)>;           // called on any thread
 
-    // Listens from here on. Throws std::runtime_error naming address and port when that is not possible.
+    // Listens from now on. Throws std::runtime_error, which names address and port, when that is not
+    // possible.
     HttpServer(const HttpOptions& options, Handler handler, Log log);
     // Ends once the requests being handled are answered.
     ~HttpServer();

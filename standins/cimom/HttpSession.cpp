@@ -25,7 +25,7 @@ namespace
 
 const std::uint32_t longestHeader = 32768;
 
-// What a client gets whose request could not be read. Unknown: it has left.
+// The answer to a request that could not be read; unknown when the client has left.
 http::status statusFor(const boost::system::error_code& error)
 {
     if (error == boost::beast::error::timeout) {
@@ -56,7 +56,7 @@ bool isExtended(string_view method)
     return method == "M-POST";
 }
 
-// The status to refuse a request with before its body is read. Unknown: it is none to refuse.
+// The status that refuses a request before its body is read; unknown when the request is not refused.
 template <class Parser>
 http::status refusal(const Parser& parser)
 {
@@ -83,7 +83,7 @@ std::string beginResponse(http::status status, std::size_t length)
            "\r\nContent-Length: " + std::to_string(length) + "\r\n";
 }
 
-// As the client's version needs to be told.
+// What a client of this HTTP version needs to be told; the rest goes without saying.
 const char* connectionHeader(bool keepsAlive, unsigned version)
 {
     if (!keepsAlive) {
@@ -105,7 +105,7 @@ class ReadStream
         return m_connection.receive(first.data(), first.size(), error);
     }
     template <class Buffers>
-    std::size_t read_some(const Buffers& buffers) // asked for, and never called
+    std::size_t read_some(const Buffers& buffers) // Boost.Beast demands it and never calls it
     {
         boost::system::error_code error;
         const std::size_t size = read_some(buffers, error);
@@ -144,7 +144,7 @@ class HttpSession
     unsigned m_extendedAnswers = 0;
 };
 
-// Empty lines before a request are none of it.
+// Skips the empty lines before a request. Returns false when none comes.
 bool HttpSession::waitForRequest()
 {
     limitTime();
@@ -163,7 +163,7 @@ bool HttpSession::waitForRequest()
     return false;
 }
 
-// False when it is the connection's last.
+// Returns false when the connection is to end.
 bool HttpSession::answerNext()
 {
     Parser parser;
@@ -220,7 +220,7 @@ bool HttpSession::refuse(http::status status)
     return false;
 }
 
-// The headers of the CIM mapping carry a number of the server's choice in an answer to M-POST.
+// In an answer to M-POST the headers of the CIM mapping carry a number that the server chooses.
 std::string HttpSession::mappingHeaders(bool isExtended)
 {
     if (!isExtended) {

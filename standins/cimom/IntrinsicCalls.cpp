@@ -195,7 +195,7 @@ void IntrinsicCalls::enumerateQualifiers(const XmlElement& call, const String& n
     }
 }
 
-// Of the class named, or the top ones when the name is empty.
+// The subclasses of the class named, or the classes without superclass when the name is empty.
 CIMClassArray IntrinsicCalls::subclasses(const String& nameSpace, const String& className, bool deep) const
 {
     const NameSpace& classes = m_repository.nameSpace(nameSpace);

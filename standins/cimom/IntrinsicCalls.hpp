@@ -22,7 +22,8 @@ class IntrinsicCalls
     static bool isRead(const char* method);
 
     // Appends the content of the call's IMETHODRESPONSE. Throws CIMException NOT_SUPPORTED for another
-    // method, what reading parameters throws, and what the operation throws; the string may then have grown.
+    // method. What reading the parameters and the operation throw passes through; the string may have grown
+    // by then.
     void perform(const XmlElement& call, std::string& xml);
 
   private:

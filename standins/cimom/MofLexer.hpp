@@ -32,7 +32,7 @@ class MofLexer
     // The text must outlive the lexer.
     MofLexer(std::string_view text, std::string fileName);
 
-    // The next token; Kind::End for ever once the text is used up. Throws MofError for what is no token.
+    // The next token; after the end of the text always Kind::End. Throws MofError for what is no token.
     MofToken next();
 
   private:

@@ -232,7 +232,7 @@ MofQualifier MofParser::qualifier()
         expectPunctuation(')');
     }
     if (acceptPunctuation(':')) {
-        // Read for its form only: the flavors of the qualifier's declaration are the ones that count.
+        // Only its form is checked: the flavors in the qualifier's declaration count.
         MofFlavors ignored;
         do {
             flavor(ignored);

@@ -11,10 +11,10 @@ namespace cimom
 {
 
 // Reads the MOF that class files are made of: qualifier declarations, classes with properties, references and
-// methods, "#pragma include" and "#pragma namespace". Associations and indications are classes here;
-// instances are not read, as all instances come from providers.
+// methods, "#pragma include" and "#pragma namespace". Associations and indications are classes here.
+// Instances are errors: all instances come from providers.
 
-// Throws MofError. The file name appears in errors and is what included files are relative to.
+// Throws MofError. The file name appears in errors, and included files are looked for relative to it.
 MofDocument parseMof(std::string_view text, const std::string& fileName);
 
 // Throws MofError, also for a file that cannot be read.

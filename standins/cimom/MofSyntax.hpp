@@ -9,7 +9,7 @@
 namespace cimom
 {
 
-// What a MOF file says, before anything is looked up: names may still mean nothing.
+// What a MOF file says, before anything is looked up: names may be unknown.
 
 struct MofConstant {
     enum class Kind { String, Character, Integer, Real, Boolean };
@@ -37,7 +37,7 @@ struct MofType {
 };
 
 struct MofFlavors {
-    // Nothing said is what the standard makes the default: EnableOverride, ToSubclass.
+    // Where the file says nothing, the standard's defaults hold: EnableOverride, ToSubclass.
     bool overridable = true;
     bool toSubclass = true;
     bool translatable = false;

@@ -8,8 +8,8 @@
 namespace cimom
 {
 
-// MOF tokens one at a time, with the demands that a grammar makes of the next one. All demands throw
-// MofError.
+// MOF tokens one at a time. The expect functions demand what a grammar wants next and throw MofError
+// otherwise.
 class MofTokenReader
 {
   public:
@@ -19,7 +19,7 @@ class MofTokenReader
     const MofToken& token() const { return m_token; } // the next one, not taken yet
     void advance();
 
-    // Takes it if it is the one.
+    // Takes the next token if it is this character.
     bool acceptPunctuation(char character);
 
     void expectPunctuation(char character);

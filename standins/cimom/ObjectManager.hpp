@@ -33,8 +33,8 @@ struct CimFailure {
 // Whatever a provider or an operation threw, as the error that a client gets for it.
 CimFailure describe(const std::exception_ptr& thrown);
 
-// Classes, providers and the treatment of requests in one. Several threads may ask for answers: one request
-// runs at a time. A parallel one runs reads side by side; a change or a method call runs alone.
+// Classes, providers and the treatment of requests in one. Several threads may ask for answers. One request
+// runs at a time; with isParallel reads run side by side, and a change or a method call runs alone.
 class ObjectManager
 {
   public:
@@ -49,7 +49,7 @@ class ObjectManager
     Operations& operations() { return m_operations; }
     const ClassRepository& repository() const { return m_repository; }
 
-    // Waits for no request: while one runs, nothing is unloaded.
+    // Does not wait for a request: while one runs, nothing is unloaded.
     void unloadIdle(std::chrono::seconds idle);
 
   private:

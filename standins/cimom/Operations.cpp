@@ -98,7 +98,7 @@ CIMParamValueArray outParameters(const CIMMethod& method)
     return result;
 }
 
-// What is read before a change, by the same rules for all of them.
+// How an instance is read before any change.
 ReadOptions everything()
 {
     return {false, true, true, true, nullptr};
@@ -228,8 +228,8 @@ void Operations::modifyInstance(const String& nameSpace, const CIMInstance& inst
                                               qualifiersFlag(includeQualifiers), propertyList, cimClass);
 }
 
-// As OpenWBEM has it: read the instance, put the value in, and modify with a list of the one name; modifying
-// reads a second time.
+// As OpenWBEM does it: reads the instance, puts the value in, and modifies with a list of this one name. The
+// modification reads a second time.
 void Operations::setProperty(const String& nameSpace, const CIMObjectPath& name, const String& propertyName,
                              const CIMValue& value)
 {
@@ -277,7 +277,7 @@ void Operations::deleteInstance(const String& nameSpace, const CIMObjectPath& na
     instanceProvider(providerOf(cimClass)).deleteInstance(m_environment, nameSpace, path);
 }
 
-// Whatever CIM error reading the instance has, a method call reports that there is no such instance.
+// Whatever CIM error the read ends with, a method call reports that there is no such instance.
 void Operations::requireInstance(const String& nameSpace, const CIMObjectPath& path, const CIMClass& cimClass)
 {
     try {

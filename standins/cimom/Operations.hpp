@@ -15,8 +15,7 @@
 namespace cimom
 {
 
-// What a client of a read asks for besides the object; providers are told, and their results are never
-// filtered.
+// What a reading client asks for besides the object. Providers are told; their results are never filtered.
 struct ReadOptions {
     bool localOnly = true;
     bool deep = true;
@@ -27,7 +26,7 @@ struct ReadOptions {
 
 // The operations on instances: looks up the class, makes what the client sent fit it, and calls the provider
 // in OpenWBEM's order. All throw CIMException, and whatever the provider throws. Threads may use them side by
-// side as far as the providers bear it.
+// side if the providers allow that.
 class Operations
 {
   public:
@@ -52,7 +51,7 @@ class Operations
     OpenWBEM::CIMValue getProperty(const OpenWBEM::String& nameSpace, const OpenWBEM::CIMObjectPath& name,
                                    const OpenWBEM::String& propertyName);
 
-    // The keys are those among the instance's properties.
+    // The keys are taken from the instance's properties.
     void modifyInstance(const OpenWBEM::String& nameSpace, const OpenWBEM::CIMInstance& instance,
                         bool includeQualifiers, const OpenWBEM::StringArray* propertyList);
     void setProperty(const OpenWBEM::String& nameSpace, const OpenWBEM::CIMObjectPath& name,
@@ -61,7 +60,7 @@ class Operations
                                            const OpenWBEM::CIMInstance& instance);
     void deleteInstance(const OpenWBEM::String& nameSpace, const OpenWBEM::CIMObjectPath& name);
 
-    // On an instance, or with a path without keys on the class.
+    // Calls the method on an instance, or on the class when the path has no keys.
     MethodResult invokeMethod(const OpenWBEM::String& nameSpace, const OpenWBEM::CIMObjectPath& path,
                               bool isInstance, const OpenWBEM::String& methodName,
                               const OpenWBEM::CIMParamValueArray& arguments);

@@ -20,16 +20,16 @@ class ProviderLoader
     ProviderLoader(std::vector<std::string> directories,
                    const OpenWBEM::ProviderEnvironmentIFCRef& environment);
 
-    // What happens to every library when the object manager starts: a provider object is made, asked what it
-    // is, and dropped without having been initialized. Libraries that cannot be used are logged. Returns the
-    // usable ones' ids.
+    // Looks at every library when the object manager starts: makes a provider object, asks it what it is, and
+    // drops it without initializing it. Libraries that cannot be used are logged. Returns the usable ones'
+    // ids.
     std::vector<std::string> inspect() const;
 
     // The provider, loaded and initialized if it is not there yet. Throws CIMException FAILED for a library
     // that cannot be used, and whatever initialize throws.
     OpenWBEM::CppProviderBaseIFCRef provider(const std::string& id);
 
-    // Drops the providers that have not been used for longer than the time given and allow it.
+    // Drops the providers that have not been used for longer than that, if they allow it.
     void unloadIdle(std::chrono::seconds idle);
 
   private:

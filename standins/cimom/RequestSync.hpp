@@ -20,13 +20,13 @@ OpenWBEM::CIMObjectPath syncedPath(const OpenWBEM::CIMObjectPath& path, const Op
 OpenWBEM::CIMInstance syncedInstance(const OpenWBEM::CIMInstance& instance,
                                      const OpenWBEM::CIMClass& cimClass);
 
-// Exactly the listed properties, in the order of the list. Keys that are not listed stay keys, but are
-// properties no longer. Throws NoSuchPropertyException.
+// Exactly the listed properties, in the order of the list. Keys that are not listed stay keys, but are no
+// properties any more. Throws NoSuchPropertyException.
 OpenWBEM::CIMInstance restrictedTo(const OpenWBEM::StringArray& names, const OpenWBEM::CIMInstance& instance);
 
-// The arguments for a method: the IN parameters in the order of the class, null where the client gave none,
-// under the client's spelling where it gave one. Throws CIMException INVALID_PARAMETER for an argument that
-// is none of them or does not fit.
+// The arguments for a method: the IN parameters in the order of the class. One that the client gave keeps the
+// client's spelling; one that it left out is null. Throws CIMException INVALID_PARAMETER for an argument that
+// is no IN parameter or does not fit.
 OpenWBEM::CIMParamValueArray syncedArguments(const OpenWBEM::CIMParamValueArray& arguments,
                                              const OpenWBEM::CIMMethod& method);
 

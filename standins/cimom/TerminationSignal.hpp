@@ -5,7 +5,7 @@
 namespace cimom
 {
 
-// Waits for SIGTERM or SIGINT. The signals are handled rather than blocked, as a blocked signal would stay
+// Waits for SIGTERM or SIGINT. The signals are handled rather than blocked: a blocked signal would stay
 // blocked in the commands that providers run. One object at a time.
 class TerminationSignal
 {

@@ -48,7 +48,7 @@ class Builder
     std::string_view m_document;
     std::unique_ptr<XML_ParserStruct, ParserDeleter> m_parser;
     XmlElement m_top;                        // around the outermost element
-    std::vector<XmlElement*> m_open{&m_top}; // from there down; an open element's siblings come later
+    std::vector<XmlElement*> m_open{&m_top}; // from there down; the siblings of an open element come later
     std::exception_ptr m_thrown;
 };
 
@@ -104,7 +104,8 @@ void Builder::start(const XML_Char* name, const XML_Char** attributes)
     m_open.push_back(&element);
 }
 
-// What the document type declares elsewhere is not known, and the parser drops references to it in silence.
+// The document type may declare entities in another file. The parser does not know these and silently drops
+// references to them.
 void Builder::checkDocumentType(bool hasDeclarations) const
 {
     if (hasDeclarations) {

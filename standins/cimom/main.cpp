@@ -112,7 +112,8 @@ int main(int argc, char** argv)
 {
     // A handler, unlike SIG_IGN, is not inherited by the commands that providers run.
     std::signal(SIGPIPE, [](int) {});
-    // One heap for all threads: each of many keeps what has been freed in it, and memory would seem to leak.
+    // One heap for all threads. Each of several heaps would keep what is freed in it, and memory would seem
+    // to leak.
     mallopt(M_ARENA_MAX, 1);
     Options options;
     CLI::App app("Development object manager: serves CIM-XML from MOF files and OpenWBEM providers.",

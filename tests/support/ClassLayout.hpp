@@ -45,8 +45,8 @@ void expectInstanceThenMethodProvider()
                                                                    "public OpenWBEM::CppMethodProviderIFC"}));
 }
 
-/// Expects such a provider's operations on instances in the slots of the interface, which follow each other,
-/// and behind its last one initialize and invokeMethod.
+/// Expects such a provider's operations on instances in the slots of the interface, one after the other, and
+/// behind them initialize and invokeMethod.
 template <typename Provider>
 void expectOperationsInOrder()
 {

@@ -22,7 +22,7 @@ using OpenWBEM::String;
 namespace
 {
 
-/// How many descriptors the process has, always counted with the one of the counting itself.
+/// How many descriptors the process has. The one that the counting opens is always included.
 std::size_t openDescriptors()
 {
     const std::filesystem::directory_iterator all("/proc/self/fd");

@@ -21,8 +21,8 @@ OpenWBEM::LoggerRef recordingLogger(const std::string& name);
 OpenWBEM::ProviderEnvironmentIFCRef environment(const std::string& loggerName);
 
 /// Base of the tests: a fresh world, gLogger set to a recording logger "gLogger", a request environment whose
-/// logger is "request". Whatever World::problems() finds at the end fails the test, and so does a descriptor
-/// that the process has more than before without the world knowing of it.
+/// logger is "request". Whatever World::problems() finds at the end fails the test. So does an additional
+/// descriptor of the process that the world does not know of.
 class ServerTest : public ::testing::Test
 {
   protected:

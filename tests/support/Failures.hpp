@@ -10,9 +10,8 @@
 namespace fakes
 {
 
-/// What the action throws, as "<unit> <code> <text>" with the bare text, or without the last part when there
-/// is no text; "nothing" when it throws nothing. A failure without a line in its unit is itself a test
-/// failure.
+/// What the action throws, as "<unit> <code> <text>". The text is the bare one, and left out when there is
+/// none. "nothing" when the action throws nothing. A failure without a line number fails the test.
 template <typename Action>
 std::string failureOf(const Action& action)
 {

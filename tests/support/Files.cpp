@@ -33,7 +33,7 @@ bool fails(World& world, const std::string& function, const std::string& line)
     return code.has_value();
 }
 
-/// "r" or "w": the close-on-exec flag of glibc is the product's choice and no matter of behaviour.
+/// "r" or "w". glibc's close-on-exec flag is left out: it is the product's choice and not its behaviour.
 std::string plainMode(const char* mode)
 {
     std::string plain(mode);
@@ -85,7 +85,7 @@ FILE* __wrap_fopen(const char* path, const char* mode)
     return stream;
 }
 
-// A failure is that of writing out the last of the content: the stream is closed all the same.
+// A programmed failure stands for one in writing out the rest. The stream is closed all the same.
 int __wrap_fclose(FILE* stream)
 {
     World* world = World::current();

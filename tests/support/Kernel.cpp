@@ -82,14 +82,14 @@ bool answersMii(const Interface& interface, unsigned long number)
     return interface.mii == (standard ? Interface::Mii::Standard : Interface::Mii::Private);
 }
 
-// The kernel copies a whole request: what the product has not cleared behind the name goes with it.
+// The kernel copies a whole request. What the product has not cleared behind the name is copied, too.
 bool isEmptyBehindTheName(const ifreq& request)
 {
     const auto* begin = reinterpret_cast<const unsigned char*>(&request.ifr_ifru);
     return std::all_of(begin, begin + sizeof request.ifr_ifru, [](unsigned char byte) { return byte == 0; });
 }
 
-// A driver may leave anything in the two numbers that a register read is asked with, so it does.
+// A driver may leave anything in the two numbers that ask for a register. This one does.
 void readRegister(const Interface& interface, mii_ioctl_data& mii)
 {
     mii.val_out = mii.phy_id == interface.phy && mii.reg_num < 8 ? interface.registers[mii.reg_num] : 0xFFFF;
@@ -154,7 +154,7 @@ int interfaceRequest(World& world, unsigned long number, ifreq& request)
     return answer(found->second, number, request);
 }
 
-// The number is recorded in all its digits: where it has 64 bits, a code that was extended by its sign shows.
+// All digits of the number are recorded: where it has 64 bits, they show a code that was sign-extended.
 int packetFilterRequest(World& world, unsigned long number, const void* argument)
 {
     std::uint32_t value = 0;
@@ -217,7 +217,7 @@ int __wrap_ioctl(int fd, unsigned long request, ...)
     return interfaceRequest(*world, request, *static_cast<ifreq*>(argument));
 }
 
-// A failing close has closed all the same, as Linux does it.
+// Even a failing close closes the descriptor, as on Linux.
 int __wrap_close(int fd)
 {
     World* world = World::current();

@@ -4,8 +4,8 @@
 namespace fakes
 {
 
-/// Deletes the marking service's objects and a manager that has been installed, which the library leaves to
-/// the process, and goes back to the default manager.
+/// Deletes what the library leaves to the process: the marking service's objects and an installed manager.
+/// Goes back to the default manager.
 void releaseMarkingService();
 
 } // namespace fakes

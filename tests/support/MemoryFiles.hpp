@@ -7,15 +7,15 @@
 #include <string>
 
 /// Files and directories that exist only in this process, so that a test or a fuzzer's input costs no system
-/// call for them. They answer as a file system does, with errno, as far as the product uses one: whole files,
-/// read or written anew. Each thread has its own.
+/// call for them. As far as the product uses a file system they answer like one, with errno: whole files,
+/// read or written anew. Each thread has its own files.
 namespace fakes::memory
 {
 
-/// With its parents.
+/// Makes the directory and its parents.
 void makeDirectory(const std::string& path);
 
-/// Everything whose path begins like this.
+/// Forgets everything whose path begins with `root`.
 void forgetAll(const std::string& root);
 
 bool exists(const std::string& path);

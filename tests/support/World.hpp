@@ -31,8 +31,8 @@ enum Kind : unsigned {
     System = 1024, ///< syslog, sleep, perror
     Log = 2048,    ///< the object manager's loggers
     Everything = 4095,
-    Content = 4096, ///< fgets, fwrite, fprintf on the product's streams: in no journal unless asked for, as
-                    ///< how many calls carry a content is no matter of behaviour
+    Content = 4096, ///< fgets, fwrite, fprintf on the product's streams: in no journal unless asked for:
+                    ///< how many calls carry a content is not behaviour
     /// What a change does to the server: everything but queries and plain file access.
     Effects = Registry | Diag | Lock | Notice | Command | System | Log
 };
@@ -60,9 +60,9 @@ struct IPInfo {
 };
 
 /// The server as the product sees it in a unit test. Every call that leaves the product lands in one ordered
-/// journal, one line each. Calls that nobody foresaw, failures that were programmed but never met,
-/// descriptors, streams and line arrays left behind and a semaphore still held are problems, which ServerTest
-/// turns into test failures.
+/// journal, one line each. These are problems, which ServerTest turns into test failures: calls that nobody
+/// foresaw, failures that were programmed but never met, descriptors, streams and line arrays left behind, a
+/// semaphore still held.
 class World
 {
   public:
@@ -71,8 +71,8 @@ class World
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
-    /// The world that the fakes talk to in this thread, or null outside of a test: then they pass calls on to
-    /// the real functions.
+    /// The world that the fakes of this thread talk to. Null outside of a test; the fakes then call the real
+    /// functions.
     static World* current();
 
     // --- the journal
