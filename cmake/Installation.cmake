@@ -1,6 +1,6 @@
-# What cmake --install and cpack deliver: component provider is the library where the object manager looks for it, its
-# class definitions, its documentation and the program that checks it; component debug is the library's debug symbols; component lanctl
-# is the operator's client.
+# What cmake --install and cpack deliver. Component provider: the library where the object manager looks for it, its class
+# definitions, its documentation and the program that checks it. Component debug: the library's debug symbols. Component
+# lanctl: the operator's client.
 include(GNUInstallDirs)
 set(KV_PROVIDER_DIR ${CMAKE_INSTALL_LIBDIR}/openwbem/c++providers CACHE STRING
     "Where the object manager looks for C++ providers (its configuration item cppprovifc.prov_location)")
@@ -18,7 +18,7 @@ install(CODE "
   execute_process(COMMAND \"${CMAKE_OBJCOPY}\" --strip-unneeded \"--add-gnu-debuglink=${symbols}\"
                           \"\$ENV{DESTDIR}${provider_directory}/libLANProvider.so\" COMMAND_ERROR_IS_FATAL ANY)"
   COMPONENT provider)
-# A debugger looks into a .debug directory beside the file; the object manager does not, it takes only *.so.
+# A debugger looks into a .debug directory beside the file. The object manager does not: it takes only *.so.
 install(FILES ${symbols} DESTINATION ${KV_PROVIDER_DIR}/.debug COMPONENT debug)
 
 file(GLOB class_definitions CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/mof/*.mof)

@@ -1,8 +1,8 @@
 # Target kv_openwbem: OpenWBEM's C++ provider interface, from an installation (OPENWBEM_ROOT) or from the stand-in.
 
-# kv_repair_openwbem_header(HEADER DIRECTORY RESULT): OW_SharedLibraryReference.hpp of an unmodified installation lacks a keyword
-# without which no compiler of today takes it. Where it does, DIRECTORY gets a copy with the keyword, and RESULT is that
-# directory; otherwise RESULT is empty. Nothing in the installation is changed.
+# kv_repair_openwbem_header(HEADER DIRECTORY RESULT): in an unmodified installation OW_SharedLibraryReference.hpp lacks a
+# keyword that every compiler of today demands. If HEADER lacks it, DIRECTORY gets a copy with the keyword, and RESULT is
+# that directory. Otherwise RESULT is empty. Nothing in the installation is changed.
 function(kv_repair_openwbem_header header directory result)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
   file(READ ${header} text)
@@ -11,7 +11,7 @@ function(kv_repair_openwbem_header header directory result)
     set(${result} "" PARENT_SCOPE)
     return()
   endif()
-  # Written only when it differs, or else each configuration would be followed by a compilation of everything.
+  # The copy is written only when it differs. Otherwise each configuration would lead to a compilation of everything.
   cmake_path(GET header FILENAME name)
   set(copy ${directory}/${name})
   set(present "")
@@ -44,7 +44,8 @@ if(NOT OPENWBEM_ROOT)
 endif()
 
 block()
-  # All headers that the provider and the interface's conformance test include, so that none is missed only by the compiler.
+  # All headers that the provider and the interface's conformance tests include: a missing one is found here, not by the
+  # compiler.
   file(GLOB_RECURSE including CONFIGURE_DEPENDS
     ${CMAKE_SOURCE_DIR}/src/*.cpp ${CMAKE_SOURCE_DIR}/src/*.hpp ${CMAKE_SOURCE_DIR}/tests/unit/openwbem/*Conformance.cpp)
   set(headers OW_config.h OW_vector.hpp OW_SharedLibraryReference.hpp)
@@ -56,7 +57,7 @@ block()
   list(REMOVE_DUPLICATES headers)
 
   set(problems "")
-  # The headers include each other by bare name, so that they all lie where the first one does.
+  # The headers include each other by bare name, so they must all lie in one folder.
   find_path(include_directory OW_config.h
     PATHS ${OPENWBEM_ROOT}/include/openwbem ${OPENWBEM_ROOT}/include NO_CACHE NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
   if(include_directory)
@@ -102,13 +103,14 @@ block()
 
   add_library(kv_openwbem INTERFACE)
   target_include_directories(kv_openwbem SYSTEM INTERFACE ${repaired_directory} ${include_directory})
-  # The headers include one another from their own folder, so that the repaired copy only counts where it comes before all of
-  # them. Before it comes what declares the copying of vectors, which arrays of plain types need.
+  # The headers include one another from their own folder, so the repaired copy must come before all of them. OW_vector.hpp
+  # comes even before the copy: it declares the copying of vectors, which arrays of plain types need.
   target_compile_options(kv_openwbem INTERFACE
     "$<$<COMPILE_LANGUAGE:CXX>:SHELL:-include OW_vector.hpp -include OW_SharedLibraryReference.hpp>")
   target_link_libraries(kv_openwbem INTERFACE ${libraries})
-  # The folder in which a program of the build tree finds these libraries is to serve for those that they need in turn.
+  # A program of the build tree finds these libraries by its run path. Without new tags, the same path serves for the
+  # libraries that they need in turn.
   target_link_options(kv_openwbem INTERFACE LINKER:--disable-new-dtags)
-  # getLogger() without a name is deprecated in late headers and the only one that early headers have.
+  # getLogger() without a name is deprecated in late headers, but early headers have no other.
   target_compile_options(kv_openwbem INTERFACE -Wno-deprecated-declarations)
 endblock()

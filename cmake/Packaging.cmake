@@ -1,9 +1,9 @@
-# Two packages, the provider and its debug symbols, and where lanctl is built a third with it: Debian packages for this kind of machine, archives for the server,
-# which has no package manager. An archive is unpacked at the root of the server's file system.
+# Two packages: the provider and its debug symbols. Where lanctl is built, it is a third. For this kind of machine they are
+# Debian packages. For the server, which has no package manager, they are archives, unpacked at the root of its file system.
 set(CPACK_PACKAGE_NAME lanprovider)
 set(CPACK_PACKAGE_VENDOR "LANProvider maintainers")
 set(CPACK_PACKAGE_CONTACT "LANProvider maintainers <root@localhost>")
-# A summary of all packages would be the first line of each.
+# A summary here would be the first line of each package's description.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_COMPONENT_PROVIDER_DESCRIPTION ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
@@ -13,7 +13,7 @@ if(BUILD_CLIENT)
 endif()
 set(CPACK_VERBATIM_VARIABLES ON)
 
-# A library that was built against the stand-in looks the same and works with nothing else: its packages say so.
+# A library that was built against the stand-in looks the same, but works with the stand-in only. Its packages say so.
 if(OPENWBEM_ROOT)
   set(built_against "")
 else()
@@ -41,8 +41,8 @@ else()
   set(CPACK_DEBIAN_LANCTL_PACKAGE_SECTION net)
   set(CPACK_DEBIAN_LANCTL_PACKAGE_SHLIBDEPS ON)
   set(CPACK_COMPONENT_LANCTL_DESCRIPTION "Shows, plans and changes the network of a telephony server over CIM-XML")
-  # The object manager's and the platform's libraries are in no package, and are found in these folders; everything else is
-  # looked up.
+  # The object manager's and the platform's libraries are in no package: they are looked for in these folders. All others
+  # come from packages.
   set(CPACK_DEBIAN_PROVIDER_PACKAGE_SHLIBDEPS ON)
   if(OPENWBEM_ROOT)
     set(library_folders ${OPENWBEM_ROOT}/lib)

@@ -1,5 +1,5 @@
-# Toolchain of the server's processor, 32-bit big-endian PowerPC, as Debian packages it (g++-powerpc-linux-gnu). Another
-# cross compiler for C++17 takes its place with another toolchain file (--toolchain).
+# Toolchain of the server's processor, 32-bit big-endian PowerPC, as Debian packages it (g++-powerpc-linux-gnu). For another
+# cross compiler with C++17 use another toolchain file (--toolchain).
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR powerpc)
 
@@ -17,5 +17,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# What is built for the target runs here through it, the tests above all.
+# Programs for the target run here through qemu, the tests above all.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-ppc -L /usr/powerpc-linux-gnu)

@@ -15,7 +15,7 @@
 namespace lanctl::apply
 {
 
-/// Told what is waited for. Every function may be empty.
+/// Told what carryOut waits for. Every function may be empty.
 struct Observer {
     std::function<void(const plan::Request& request)> sending;
     std::function<void()> readingBack;
@@ -45,8 +45,8 @@ struct Outcome {
     bool done() const { return !refused && !stopped && !unread && remaining.empty(); }
 };
 
-/// Carries out the plan. What happens is in the outcome; what is thrown is a wire::Failure before anything
-/// was sent, or the user's giving up.
+/// Carries out the plan. What happens is in the outcome. Throws only a wire::Failure before anything was
+/// sent, or when the user gives up.
 Outcome carryOut(wire::Client& client, const model::ServerState& before, const model::WantedState& wanted,
                  const plan::Plan& plan, const Observer& observer, std::chrono::milliseconds timeLimit);
 

@@ -25,8 +25,8 @@ struct Exported {
     std::vector<ExportedObject> others; // "lan" and "marking"
 };
 
-/// An interface under DHCP is without the addresses that it was lent. The gateway is named where it is read,
-/// even when there is none.
+/// An interface under DHCP comes without its addresses: they are the lease's. eth1, on which the gateway is
+/// read, always has one, even an empty one.
 Exported exported(const ServerState& state);
 
 /// The same as a file, in YAML.

@@ -17,13 +17,13 @@ class UnexpectedInstance : public std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
-/// Object names are taken from the properties: OpenWBEM enumerates instances under names without keys.
+/// The object's name comes from the properties: OpenWBEM enumerates instances under names without keys.
 Endpoint endpointFrom(const wire::Instance& instance);
 Setting settingFrom(const wire::Instance& instance);
 Marking markingFrom(const wire::Instance& instance);
 
 std::vector<Endpoint> endpointsFrom(const std::vector<wire::Instance>& instances);
-/// The only one.
+/// The only one of its class.
 Setting onlySettingFrom(const std::vector<wire::Instance>& instances);
 /// The one that is there from the start; clients can create others.
 Marking firstMarkingFrom(const std::vector<wire::Instance>& instances);

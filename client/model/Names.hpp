@@ -19,7 +19,7 @@ constexpr std::string_view endpointsSection = "endpoints";
 
 /// The interfaces that every such server has.
 constexpr std::array<std::string_view, 3> interfaceNames{"eth0", "eth1", "eth2"};
-/// The default route leaves through this one, and its gateway alone can be read.
+/// The default route leaves through this interface. Only its gateway can be read.
 inline const std::string customerLan = "eth1";
 bool isInterface(std::string_view name);
 

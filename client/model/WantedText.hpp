@@ -26,7 +26,7 @@ void want(WantedState& wanted, const std::string& object, const std::string& key
 /// Adds "address=10.0.0.6/24".
 void wantAssignment(WantedState& wanted, const std::string& object, const std::string& assignment);
 
-/// Reads a whole file's text. What is left out of it is not wanted to change.
+/// Reads a whole file's text. What the file leaves out is not to be changed.
 WantedState parseWanted(const std::string& text);
 
 } // namespace lanctl::model

@@ -34,7 +34,7 @@ class Draft
     bool sendsNothing() const { return m_sent.empty(); }
     bool sends(std::string_view property) const;
 
-    /// The plan, with the requests even where something is refused. `warnings` are the server's own.
+    /// The plan. It has its requests even where something is refused. `warnings` are the server's own.
     Plan finish(const model::ImpactWarnings& warnings);
 
   private:

@@ -39,7 +39,7 @@ struct Impact {
     bool none() const;
 };
 
-/// Why a wanted value cannot be. The text and identifier are the server's own where it would say so itself.
+/// Why a wanted value is refused. Text and identifier are the server's own where the server would refuse it.
 struct Refusal {
     std::string object;
     std::string key;
@@ -75,7 +75,7 @@ struct Plan {
     bool asWanted() const { return changes.empty() && refusals.empty(); }
 };
 
-/// Compares the server's state with the wanted one. Planning again from the state that is read back tells
+/// Compares the server's state with the wanted one. A second plan, from the state that is read back, tells
 /// what the server did not take: its changes are what still differs. Interfaces are changed in an order in
 /// which their networks do not overlap on the way; the one with the address `reachedAt` goes last where that
 /// is possible.

@@ -23,8 +23,7 @@ std::optional<Refusal> judgeDomain(const std::string& domain);
 /// `key` is "dns1" or "dns2"; the empty address removes the server.
 std::optional<Refusal> judgeNameServer(const std::string& key, const std::string& address);
 
-/// A rule of this client: with DHCP the server stores the interface's gateway as its own, the missing one
-/// too.
+/// A rule of this client: with DHCP the server stores the interface's gateway as its own, even a missing one.
 std::optional<Refusal> judgeDhcp(const model::Endpoint& now);
 
 Refusal unknownInterface(const std::string& name);
@@ -35,7 +34,7 @@ bool reaches(const std::string& address, const std::string& mask, const std::str
 /// Whether the address is the broadcast address of its network.
 bool isBroadcast(const std::string& address, const std::string& mask);
 
-/// "10.0.0.5/24", or with the mask as it is when it is none.
+/// "10.0.0.5/24". A mask that is none is shown as it is.
 std::string networkText(const std::string& address, const std::string& mask);
 
 } // namespace lanctl::plan

@@ -12,7 +12,7 @@
 namespace lanctl::shell
 {
 
-/// `endsEntry` is the entry of the history that was cut off and that this change brings to its end.
+/// `endsEntry` is a cut-off entry of the history, which this change completes.
 Exit change(const ConnectionChoice& choice, const model::WantedState& wanted, const Agreement& agreement,
             std::optional<int> endsEntry = std::nullopt);
 

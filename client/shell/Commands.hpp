@@ -1,5 +1,5 @@
-// What lanctl does. Each command returns how lanctl ends; what it throws, main turns into an error and an
-// exit code.
+// What lanctl does. Each command returns how lanctl ends. main turns what a command throws into an error and
+// an exit code.
 #pragma once
 
 #include "model/Wanted.hpp"
@@ -17,7 +17,7 @@ namespace lanctl::shell
 struct Agreement {
     bool yes = false;       // without a question
     bool dryRun = false;    // the plan only
-    bool json = false;      // tell plan and outcome as JSON, at the end and not more
+    bool json = false;      // write plan and outcome as JSON at the end, and nothing else
     int confirmSeconds = 0; // 0: the change needs no confirmation
     std::vector<std::string>
         revertVia; // further URLs by which the server is reached when a change is taken back

@@ -1,4 +1,4 @@
-// What is waited for and for how long, on a terminal; nothing where errors go elsewhere.
+// Shows on a terminal what lanctl waits for, and for how long. Shows nothing where errors go elsewhere.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ class Progress
   public:
     ~Progress() { end(); }
 
-    /// From now on this is waited for.
+    /// lanctl waits for this from now on.
     void begin(const std::string& what);
     /// Shows the time that has passed. Quick answers are not worth a line.
     void update();

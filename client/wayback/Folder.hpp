@@ -52,7 +52,7 @@ class Folder
 /// Where the folders of all servers lie: $XDG_STATE_HOME/lanctl, or ~/.local/state/lanctl.
 std::string stateHome();
 
-/// The folder's name for a server that is called so, whatever its characters: "pbx1", "10.0.0.5:5988".
+/// The folder's name for a server of that name, whatever its characters: "pbx1", "10.0.0.5:5988".
 std::string folderName(const std::string& server);
 
 } // namespace lanctl::wayback

@@ -37,8 +37,7 @@ class Guard
     Guard& operator=(const Guard&) = delete;
     ~Guard();
 
-    /// The change is made, or as much of it as was possible. Everybody can see the countdown when this
-    /// returns.
+    /// The change is made, or as much of it as was possible. The countdown can be seen when this returns.
     void changed();
 
     /// Nothing has been sent: the guard ends, and the entry's result is for the caller to set.

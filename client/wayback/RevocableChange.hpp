@@ -54,8 +54,9 @@ class RevocableChange
     /// Nothing was sent.
     void nothingSent();
 
-    /// The change was carried out with that outcome. Returns whether the countdown runs now, or the change is
-    /// on its way back: an incomplete change is not worth waiting for. The guard alone has the lock then.
+    /// The change was carried out with that outcome. Returns whether there is a guard. If there is, the
+    /// countdown runs now, or the guard takes an incomplete change back without waiting. The guard alone has
+    /// the lock then.
     bool carriedOut(const apply::Outcome& outcome);
 
   private:

@@ -22,7 +22,7 @@ struct Attempt {
 };
 
 /// Looks for the server on each of the ways, knows it again by its MAC addresses, sends what differs from the
-/// former state, and reads it back. Throws nothing of lanctl's: whatever fails is in the result.
+/// former state, and reads it back. Throws none of lanctl's exceptions: whatever fails is in the result.
 Attempt takeBack(const wire::ConnectionOptions& connection, const std::vector<Way>& ways,
                  const std::vector<std::string>& hardware, const model::WantedState& former);
 
@@ -34,7 +34,7 @@ struct Possible {
 };
 Possible possible(const model::ServerState& state, model::WantedState wanted, const std::string& peerAddress);
 
-/// The objects of that state alone that are named.
+/// Only the named objects of that state.
 model::WantedState only(model::WantedState wanted, const std::vector<std::string>& objects);
 
 /// The server's MAC addresses, by which it is known again.

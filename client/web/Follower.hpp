@@ -33,14 +33,14 @@ class Follower
     Follower(const Follower&) = delete;
     Follower& operator=(const Follower&) = delete;
 
-    /// What is known, not older than two seconds where the server answers that fast. As long as somebody
-    /// asks, the server is looked at every two seconds.
+    /// What is known: at most two seconds old if the server answers that fast. As long as somebody asks, the
+    /// server is looked at every two seconds.
     Snapshot latest();
 
     /// The same, looked at after this call began.
     Snapshot fresh();
 
-    /// The server has just been changed: a look from before that does not do any more.
+    /// The server has just been changed: earlier looks are out of date.
     void noteChange();
 
   private:

@@ -1,7 +1,8 @@
 // Who may ask: what is refused before anything looks at the request itself.
 //
 // A page of another site that the same browser has open can send requests here too. It cannot forge the Host
-// that the browser names, nor the Origin, nor set a header of its own without being asked for it first.
+// that the browser names, nor the Origin. Before it may set a header of its own, the browser asks here for a
+// permission, which is not given.
 #pragma once
 
 #include "web/Http.hpp"
@@ -19,8 +20,8 @@ constexpr const char* ownHeader = "x-lanctl";
 class Gate
 {
   public:
-    /// `names` are the hosts, with port, by which the page may be reached; `token` is asked for unless it is
-    /// empty.
+    /// `names` are the hosts, with port, by which the page may be reached. Requests need the `token` unless
+    /// it is empty.
     Gate(std::vector<std::string> names, std::string token)
         : m_names(std::move(names)), m_token(std::move(token))
     {

@@ -1,4 +1,4 @@
-// A request of a browser and the answer, freed of how they travel.
+// A browser's request and the answer to it, whatever carries them.
 #pragma once
 
 #include <map>

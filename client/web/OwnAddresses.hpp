@@ -8,8 +8,8 @@
 namespace lanctl::web
 {
 
-/// The address itself; for one that stands for all of them (0.0.0.0, ::) those of the interfaces that are up,
-/// and the loopback's where there is no other.
+/// The address itself. For 0.0.0.0 and ::, which stand for all, the addresses of the interfaces that are up,
+/// or the loopback's when there is no other.
 std::vector<ListenAddress> reachableAt(const ListenAddress& address);
 
 } // namespace lanctl::web

@@ -36,7 +36,7 @@ class HttpConnection
     /// The body of the answer. Throws Failure.
     std::string post(const Request& request);
 
-    /// Gives up an answer after that time from now on.
+    /// From now on, waits for an answer no longer than that.
     void setTimeLimit(std::chrono::milliseconds limit);
 
     /// Where the connection leads: the server's address as a number, once connected.

@@ -29,9 +29,8 @@ struct ServerAddress {
     bool isLoopback() const;
 };
 
-/// Without scheme it is http; without port 5988, or 5989 for https; without path root/cimv2. Throws
-/// BadServerAddress; a user or password has no place in it, as every user of the machine sees the command
-/// line.
+/// Defaults: scheme http, port 5988 (https: 5989), path root/cimv2. Throws BadServerAddress, also for a text
+/// with a user or password: every user of the machine sees the command line.
 ServerAddress parseServerAddress(const std::string& text);
 
 } // namespace lanctl::wire

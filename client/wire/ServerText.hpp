@@ -1,4 +1,4 @@
-// The server's error texts, freed of what the object manager puts around them.
+// The server's error texts without what the object manager puts around them.
 #pragma once
 
 #include <string>

@@ -10,9 +10,9 @@ namespace lanctl::wire
 /// The text as it may stand in an element or an attribute.
 std::string escaped(std::string_view text);
 
-/// An answer that a strict parser accepts: the server hands on bytes of its files as they are, and one stray
-/// byte is no reason to show nothing. Control characters, as bytes or references, become their pictures
-/// (U+2400 and following), what is not UTF-8 becomes U+FFFD.
+/// Makes an answer that a strict parser accepts. The server hands on bytes of its files as they are, and one
+/// stray byte is no reason to show nothing. Control characters, as bytes or references, become their pictures
+/// (U+2400 and following). What is not UTF-8 becomes U+FFFD.
 std::string repaired(std::string_view xml);
 
 } // namespace lanctl::wire
