@@ -92,7 +92,7 @@ bool Run::lost(const plan::Request& request, const wire::Failure& failure)
         throw failure;
     if (!failure.requestSent()) {
         if (!m_changed)
-            throw failure; // and nothing has happened
+            throw failure; // nothing has been changed
         m_outcome.stopped = failure;
         return false;
     }
@@ -144,7 +144,7 @@ bool Run::tryToRead()
     } catch (const wire::CimError& e) {
         m_outcome.unread =
             wire::Failure(wire::Failure::Kind::NoCimAnswer, std::string("The server answers: ") + e.what());
-        return true; // it is there, and will not answer otherwise
+        return true; // it is there, and another try brings the same answer
     } catch (const wire::Failure& e) {
         if (e.kind() == wire::Failure::Kind::Cancelled)
             throw;

@@ -38,8 +38,8 @@ constexpr std::string_view marking = "ORX_ALGService";
 /// What a value of a key may look like.
 enum class Form { Address, Text, Number, Switch, Mark };
 
-/// One thing that a user can set, and the property behind it. "address" may carry a prefix length and then
-/// sets the mask too; a mark sets a menu value and, when custom, the TOS byte beside it.
+/// One thing that a user can set, and the property behind it. "address" may carry a prefix length, which sets
+/// the mask, too. A mark sets a menu value and, when custom, the TOS byte as well.
 struct Key {
     Kind kind;
     std::string_view key;      // as users write it

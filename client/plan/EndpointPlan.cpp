@@ -13,7 +13,7 @@ namespace
 using model::Endpoint;
 using model::WantedEndpoint;
 
-/// The server neither switches this one to DHCP nor tells the DHCP service of it.
+/// The server never switches this interface to DHCP, and tells the DHCP service nothing of it.
 constexpr std::string_view internalLan = "eth0";
 
 const model::Key& keyOf(std::string_view name)

@@ -46,7 +46,8 @@ class EndpointSequence
 
     Plan make()
     {
-        // What is taken now is never in another one's way later, or the networks overlap in the end, too.
+        // What is taken now is not in another one's way later: otherwise the networks would overlap in the
+        // end, too.
         while (takeNext()) {
         }
         for (const model::WantedEndpoint& refused : m_waiting)
@@ -76,8 +77,8 @@ class EndpointSequence
         endpoint = changed(endpoint, wanted);
         if (endpoint.name == model::customerLan)
             return;
-        // The one default route leaves through the customer LAN and is read there, whatever interface it was
-        // set on.
+        // The one default route leaves through the customer LAN. Its gateway is read there, whatever
+        // interface it was set on.
         const std::string gateway = std::exchange(endpoint.defaultGateway, "");
         model::Endpoint* customer = find(model::customerLan);
         if (customer != nullptr && customer->defaultGateway.empty() &&

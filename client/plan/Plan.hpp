@@ -23,7 +23,7 @@ struct Change {
         true; // false: the server would take it without any effect, so it is not sent; a note says why
 };
 
-/// What the server does beside the change, counted.
+/// What the server does besides the change, counted.
 struct Impact {
     int interfaceRestarts = 0;
     int voiceMessagingRestarts = 0;

@@ -101,8 +101,7 @@ std::optional<Refusal> judgeHost(const model::Endpoint& then)
     return std::nullopt;
 }
 
-/// The narrower of the two masks decides, so that a network around another one is found as well as one
-/// inside.
+/// The mask with fewer ones decides: so a network around another one is found, and one inside it, too.
 std::optional<Refusal> judgeNeighbour(const model::Endpoint& then, const model::Endpoint& other)
 {
     constexpr std::string_view overlaps = "The IP/mask pair overlaps with another interface";

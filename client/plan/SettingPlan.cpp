@@ -22,8 +22,8 @@ const model::Key& keyOf(std::string_view name)
 /// The two name servers, first and second.
 using NameServers = std::array<std::string, 2>;
 
-/// The server keeps name servers as lines and knows them by their place among these. A removed line lets the
-/// next one move up; a place that there is not yet gets a line at the end.
+/// The server keeps name servers as lines and knows them by their position. When a line is removed, the next
+/// one moves up. A position without a line gets one at the end.
 NameServers afterChange(const NameServers& now, const NameServers& then,
                         const std::array<std::size_t, 2>& order)
 {
@@ -35,7 +35,7 @@ NameServers afterChange(const NameServers& now, const NameServers& then,
         if (then.at(place) == now.at(place))
             continue;
         if (place >= lines.size())
-            lines.push_back(then.at(place)); // the empty one, too
+            lines.push_back(then.at(place)); // an empty address, too
         else if (then.at(place).empty())
             lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(place));
         else

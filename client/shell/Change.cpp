@@ -129,8 +129,8 @@ Exit Change::planned()
     return carryOut();
 }
 
-/// Somebody else may have changed the server while the question stood: then it is asked again, about the new
-/// plan.
+/// Somebody else may have changed the server while the question waited. Then the user is asked again, about
+/// the new plan.
 bool Change::agreedByUser()
 {
     if (m_agreement.yes)
@@ -178,7 +178,7 @@ Exit Change::carryOut()
     if (!revocable.carriedOut(outcome))
         return result(outcome);
     if (m_agreement.json)
-        return result(outcome); // who reads JSON confirms by a command of its own
+        return result(outcome); // a program that reads JSON confirms with a command of its own
     return waitForConfirmation(history, revocable.number(), result(outcome));
 }
 
@@ -192,7 +192,7 @@ void Change::tellOutcome(const apply::Outcome& outcome, int number)
         (outcome.done() ? std::cout : std::cerr) << outcomeText(outcome, m_plan) << std::flush;
 }
 
-/// What fails before anything is sent is a change that never was.
+/// A change that fails before anything is sent needs no countdown.
 apply::Outcome Change::carryOutRevocably(wayback::RevocableChange& revocable)
 {
     try {

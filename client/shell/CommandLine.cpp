@@ -21,7 +21,7 @@ namespace lanctl::shell
 namespace
 {
 
-/// Asked by the shell's completion (client/completion/lanctl), with the command line so far.
+/// The shell's completion (client/completion/lanctl) calls it with the command line so far.
 constexpr std::string_view completionCommand = "__complete";
 
 /// What the options and arguments of all commands are read into, and the command that was chosen.

@@ -26,7 +26,7 @@ constexpr milliseconds look{100};
 
 volatile std::sig_atomic_t interrupted = 0;
 
-/// Ctrl-C ends the waiting and not more, for as long as this lives.
+/// While this lives, Ctrl-C ends only the waiting.
 class InterruptWatch
 {
   public:

@@ -66,7 +66,7 @@ Exit nothingWaits(const History& history, const std::string& label)
     return Exit::NotAsWanted;
 }
 
-/// Nobody looks after the change any more: what there is of it stays.
+/// No process looks after the change any more. What was made of it stays.
 Exit endUnguarded(const History& history, const Entry& entry, bool abandon)
 {
     const auto lock = wayback::Lock::take(history.folder());

@@ -60,8 +60,8 @@ std::vector<std::string> hostNames(const web::ListenAddress& address)
     return {address.text(), "127.0.0.1" + port, "localhost" + port, "[::1]" + port};
 }
 
-/// Ctrl-C, the end of the terminal and a request to end are waited for, and no thread started later is ended
-/// by them.
+/// Blocks Ctrl-C, the end of the terminal and SIGTERM in this thread and those started later. This thread
+/// waits for them.
 sigset_t blockedEndings()
 {
     sigset_t endings;

@@ -46,7 +46,7 @@ void stepAside(int channel, int lock)
         if (descriptor > STDERR_FILENO && descriptor != channel && descriptor != lock)
             close(descriptor);
     if (chdir("/") != 0)
-        return; // then the folder that it was started in stays in use, no more
+        return; // then the folder it was started in stays in use; nothing worse
 }
 
 /// Waits for the change; the end of the changing process counts as a change that was made.

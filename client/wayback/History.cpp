@@ -163,7 +163,7 @@ std::vector<Entry> History::entries() const
     return entries;
 }
 
-/// The end of a change renames its entry, once: a look at that very moment misses it, the next one does not.
+/// The end of a change renames its entry, once. A look at that very moment misses it; the next one finds it.
 std::optional<Entry> History::find(const std::function<bool(const Entry&)>& isWanted) const
 {
     constexpr int looks = 2;

@@ -1,8 +1,8 @@
 // The changes of one server: what each was, who made it, how it ended, and the state before it.
 //
 // A change is two files. "000012.yaml" is the state before it, which `lanctl apply` reads. "000012.open.json"
-// tells of the change itself; its middle part is the result. A result is set by renaming the file, which
-// works on a full disk too and is done or not done whatever happens meanwhile.
+// tells of the change itself; its middle part is the result. A result is set by renaming the file. That works
+// on a full disk, too, and is done wholly or not at all.
 #pragma once
 
 #include "wayback/Folder.hpp"

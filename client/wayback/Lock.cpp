@@ -16,7 +16,7 @@ namespace lanctl::wayback
 namespace
 {
 
-// Who only looks whether the lock is held has it for a moment.
+// A process that only looks whether the lock is held has it for a moment.
 constexpr int tries = 5;
 constexpr std::chrono::milliseconds betweenTries{20};
 

@@ -34,7 +34,7 @@ struct Keeping {
     std::optional<int> endsEntry;       // the open entry that this change brings to its end: a rollback
 };
 
-/// What is to be known about the change before it is sent.
+/// What must be known about the change before it is sent.
 struct Intention {
     const model::ServerState& before;
     const plan::Plan& plan;

@@ -39,8 +39,8 @@ model::WantedState without(model::WantedState wanted, const std::string& object)
     return wanted;
 }
 
-/// The wanted state with, of the object, only what differs and is not refused; without the object where
-/// nothing is left or nothing would be gained.
+/// The wanted state, in which the object keeps only what differs and is not refused. The object is left out
+/// when nothing remains or nothing would be gained.
 model::WantedState withoutRefused(const model::WantedState& wanted, const std::string& object,
                                   const plan::Plan& plan)
 {
@@ -102,7 +102,7 @@ Attempt takeBackOn(const Way& way, const wire::ConnectionOptions& connection,
 
 } // namespace
 
-/// Each turn leaves something out, so that it comes to an end.
+/// Each turn leaves something out, so the loop ends.
 Possible possible(const model::ServerState& state, model::WantedState wanted, const std::string& peerAddress)
 {
     Possible result{std::move(wanted), {}, {}};

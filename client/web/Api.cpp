@@ -106,8 +106,8 @@ Response planned(const model::WantedState& wanted, const Snapshot& snapshot, Jso
     return ok(told);
 }
 
-/// What the user has reviewed is what is done: when the server has changed meanwhile, the new plan is shown
-/// instead.
+/// Only what the user has reviewed is done. When the server has changed meanwhile, the answer is the new
+/// plan.
 std::optional<Response> overtaken(const Response& now, const Json& body)
 {
     if (now.status != 200)
@@ -311,7 +311,7 @@ Response Api::revert(const Json& body)
     return requestOfGuard(body, wayback::requests::takeBackNow);
 }
 
-/// The guard answers by what /api/state tells of the change.
+/// The guard gives no answer: /api/state tells what becomes of the change.
 Response Api::requestOfGuard(const Json& body, const char* request)
 {
     const int number = changeNumber(body, "number");

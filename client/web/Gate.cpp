@@ -19,7 +19,7 @@ bool isOfTheInterface(const std::string& path)
     return path.rfind("/api/", 0) == 0;
 }
 
-/// Takes as long whatever differs, so that the time tells nothing about the token.
+/// Takes the same time wherever the texts differ, so the time tells nothing about the token.
 bool isSame(const std::string& left, const std::string& right)
 {
     if (left.size() != right.size())

@@ -162,7 +162,7 @@ HttpServer::HttpServer(const ListenAddress& address, const Gate& gate, Api& api)
     : m_gate(gate), m_api(api), m_daemon(std::make_unique<Daemon>())
 {
     const SocketAddress socket = socketAddress(address);
-    // A change takes seconds: each connection has a thread of its own, so that others are answered meanwhile.
+    // A change takes seconds. Each connection has a thread of its own, so others are answered meanwhile.
     const unsigned flags = static_cast<unsigned>(MHD_USE_THREAD_PER_CONNECTION) |
                            static_cast<unsigned>(MHD_USE_INTERNAL_POLLING_THREAD) |
                            (socket.isIpv6 ? static_cast<unsigned>(MHD_USE_IPv6) : 0U);

@@ -22,8 +22,7 @@ Interfaces allInterfaces()
     return {first, &freeifaddrs};
 }
 
-/// The address of that family as a text, or "" for another family's and for one that holds on its own cable
-/// only.
+/// The address as a text. "" for an address of another family, and for a link-local one.
 std::string addressOf(const ifaddrs& interface, int family)
 {
     if ((interface.ifa_flags & IFF_UP) == 0 || interface.ifa_addr == nullptr ||

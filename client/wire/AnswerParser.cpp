@@ -156,7 +156,7 @@ void XMLCALL onText(void* data, const XML_Char* part, int length)
     parsing(data).reader.text({part, static_cast<std::size_t>(length)});
 }
 
-/// No answer has a document type; one would only bring entities that blow up.
+/// No answer has a document type. One could only bring entities that expand without end.
 void XMLCALL onDoctype(void* data, const XML_Char* /*name*/, const XML_Char* /*system*/,
                        const XML_Char* /*public*/, int /*internal*/)
 {

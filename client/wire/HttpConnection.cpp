@@ -183,8 +183,7 @@ std::string HttpConnection::Transfer::post(const Request& request)
     return std::move(m_answer);
 }
 
-/// Libcurl's multi interface hands the loop to us, so that each piece of an answer is acknowledged as it
-/// comes.
+/// With libcurl's multi interface the loop is here, so each piece of an answer is acknowledged as it comes.
 CURLcode HttpConnection::Transfer::run()
 {
     curl_multi_add_handle(m_multi.get(), m_easy.get());
@@ -277,7 +276,7 @@ std::size_t HttpConnection::Transfer::onBody(char* buffer, std::size_t size, std
 }
 
 /// Libcurl sends a request again when the server closed a kept connection without an answer. A change may
-/// have been carried out by then, so that it is sent again only after the server has asked for credentials.
+/// have been carried out by then. It is sent again only when the server has asked for credentials.
 int HttpConnection::Transfer::onSeek(void* self, curl_off_t offset, int origin)
 {
     auto& transfer = *static_cast<Transfer*>(self);
