@@ -54,7 +54,7 @@ template <class Number, class = IsCount<Number>>
 std::string shown(Number number)
 {
     if constexpr (std::is_enum_v<Number>) {
-        return std::to_string(static_cast<long long>(number));
+        return std::to_string(static_cast<int>(number));
     } else {
         return std::to_string(number);
     }
