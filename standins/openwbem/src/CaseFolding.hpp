@@ -4,10 +4,10 @@
 namespace OpenWBEM
 {
 
-// 0 when two UTF-8 texts match, else the difference of the first bytes that do not match, as they stand; beyond
-// ASCII a later byte of the character may count. Two characters match when they are the same or one of them
-// folds into the other, which is not transitive: small and final sigma both match, but not the capital and the
-// final one.
+// 0 when two UTF-8 texts match, else the difference of the first bytes that do not match, as they stand;
+// beyond ASCII a later byte of the character may count. Two characters match when they are the same or one of
+// them folds into the other, which is not transitive: small and final sigma both match, but not the capital
+// and the final one.
 int compareIgnoringCase(const char* lhs, const char* rhs);
 
 } // namespace OpenWBEM
