@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-/// The CIM object that controls how the server marks the TOS byte (IPv4 type of service, RFC 791; its upper
-/// six bits are the DSCP of RFC 2474) of voice signalling, voice media, video media and fax packets.
+/// The CIM object that controls the TOS byte of voice signalling, voice media, video media and fax packets.
+/// It is the IPv4 type of service (RFC 791); its upper six bits are the DSCP (RFC 2474).
 ///
 /// This class knows the four keys only. It answers every other property with "not supported" or "not
 /// writable", so that a concrete service overrides just what it has. An object registers itself with the

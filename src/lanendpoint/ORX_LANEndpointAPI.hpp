@@ -13,9 +13,9 @@ enum ChangeOutcome : int {
     CHANGE_OVERLAPS = 5        ///< address and mask overlap the network of another interface
 };
 
-/// The IP configuration of one Ethernet interface of the server, and the only code that changes it: through
-/// the server's helper commands, with voice messaging stopped around a restart of the interface, and with
-/// notices to the DHCP service and the element-management service. A plain value.
+/// The IP configuration of one Ethernet interface of the server; a plain value. No other code changes it. A
+/// change runs the server's helper commands, stops voice messaging around a restart of the interface, and
+/// tells the DHCP service and the element-management service.
 ///
 /// The calling order is startChange, any number of setters, endChange. Address, mask and gateway take effect
 /// at endChange; setIsDHCPEnabled acts at once. Commands run through invokeCommand throw what that throws.
