@@ -292,7 +292,7 @@ lane_coverage() {
     find build/coverage -name '*.gcda' -delete # what earlier runs have covered
     run_unit_tests coverage coverage -L 'product|client'
     LANCTL=$PWD/build/coverage/client/lanctl /usr/bin/python3 -m pytest -q -n $((2 * jobs)) --dist loadgroup \
-        --junitxml="$results/coverage-lanctl.xml" tests/system -k 'lanctl or wayback or test_web' || status=$?
+        --junitxml="$results/coverage-lanctl.xml" tests/system -k 'test_lanctl or test_wayback or test_web' || status=$?
     covered src --fail-under-line 98 --fail-under-branch 95 || status=$?
     covered client --fail-under-line 95 || status=$?
     return $status

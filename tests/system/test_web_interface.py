@@ -180,6 +180,7 @@ def guard_below(folder):
 def test_a_change_that_was_cut_off_is_rolled_back_before_another_one(scripted, web, tmp_path):
     number = web.apply(MTU).json["number"]
     os.kill(guard_below(tmp_path), signal.SIGKILL)
+    web.wait_for(lambda state: state["open"]["state"] == "cut-off")
     answer = web.apply(("eth2", "mtu", "1400"))
     assert (answer.status, answer.error) == (409, f"Change {number} was cut off.")
     reviewed = web.post("/api/plan", {"rollback": number}).json["changes"]
