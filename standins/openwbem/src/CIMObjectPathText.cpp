@@ -15,7 +15,7 @@ namespace
 // The text before the separator; rest gets what follows it.
 String takeUntil(size_t separator, String& rest)
 {
-    const String taken = rest.substring(0, separator);
+    String taken = rest.substring(0, separator);
     rest = rest.substring(separator + 1);
     return taken;
 }
