@@ -12,7 +12,7 @@ struct CIMObjectPath::Data : COWData<CIMObjectPath::Data> {
 
     CIMName className;
     String nameSpace;
-    String protocol = "http";
+    String protocol = "http"; // empty after parsing a text without one
     String host = "127.0.0.1";
     UInt16 port = 5988;
     CIMPropertyArray keys;

@@ -69,10 +69,11 @@ void CIMObjectPath::Data::takePlace(String& rest, const String& whole)
 {
     const size_t colon = rest.indexOf("://");
     if (colon >= rest.indexOf('"')) {
+        protocol.erase();
         rest = rest.substring(rest.startsWith('/') ? 1 : 0);
         return;
     }
-    protocol = colon == 0 ? protocol : rest.substring(0, colon);
+    protocol = rest.substring(0, colon);
     rest = rest.substring(colon + 3);
     const size_t slash = rest.indexOf('/');
     if (slash == String::npos) {
@@ -149,7 +150,7 @@ String CIMObjectPath::toString() const
     const Data& data = m_data.read();
     String place = "/";
     if (data.host != "127.0.0.1") {
-        place = data.protocol + "://" + data.host;
+        place = (data.protocol.empty() ? String("http") : data.protocol) + "://" + data.host;
         place += data.port == 5988 ? String("/") : ":" + String(data.port) + "/";
     }
     return place + data.nameSpace + ":" + modelPath();
