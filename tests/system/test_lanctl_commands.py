@@ -190,6 +190,19 @@ def test_a_server_without_a_gateway_is_brought_back_to_none(managed, run):
     assert "default" not in managed.sh("ip route")
 
 
+def test_dhcp_is_brought_back_once_there_is_a_gateway_again(managed, run):
+    succeeded(run("set", "eth1", "dhcp=on", "--yes"))
+    managed.wait_for("tail -n 1 /kv/log/processcontrol.log | grep -qx 'voicemail started'")  # the lease has come
+    succeeded(run("set", "eth1", "dhcp=off", "--yes"))
+    succeeded(run("set", "eth1", "gateway=", "--yes"))
+    without = run("rollback", "2", "--yes")
+    assert (without.status, without.out) == (DONE, "Nothing to do.\n")
+    assert without.err == "Not to be taken back: eth1 dhcp: DHCP needs an interface with a gateway\n"
+    succeeded(run("set", "eth1", "gateway=10.0.0.1", "--yes"))
+    succeeded(run("rollback", "2", "--yes"))
+    managed.wait_for("grep -q BOOTPROTO=dhcp /etc/sysconfig/network-scripts/ifcfg-eth1")
+
+
 def test_apply_reads_json_and_leaves_out_what_is_left_out(managed, run):
     managed.sh("""printf '{\\n\\t"endpoints": {"eth2": {"mtu": 1400}},\\n\\t"lan": {"arp-filter": true}\\n}' >/run/wanted.json""")
     out = succeeded(run("apply", "/run/wanted.json", "--yes"))
