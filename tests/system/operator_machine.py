@@ -94,9 +94,15 @@ class Operator:
         """Waits until the open change is so far: "waiting", "taking-back", "cut-off"."""
         self.server.wait_for(f"{self.command('status', '--json')} | grep -q '\"state\": \"{state}\"'", seconds)
 
+    def processes(self):
+        """The processes of lanctl on the server, which has process numbers of its own."""
+        found = self.server.sh(f"find /proc -maxdepth 2 -name exe -lname {shlex.quote(str(LANCTL))} 2>/dev/null || true").split()
+        return [int(path.split("/")[2]) for path in found]
+
     def guard(self):
         """The process that looks after the change: once the command has returned, it alone is left of lanctl."""
-        return int(self.server.sh("pgrep -x lanctl"))
+        guard, = self.processes()
+        return guard
 
     def wait_until_tried(self):
         """Waits until a try to take the change back has failed; returns what the trouble was."""

@@ -1,6 +1,7 @@
 """The disposable server as a test sees it: started once, asked by shell commands, gone at the end."""
 import json
 import pathlib
+import socket
 import subprocess
 import time
 from typing import NamedTuple
@@ -8,6 +9,12 @@ from typing import NamedTuple
 CHECKOUT = pathlib.Path(__file__).resolve().parents[2]
 RUN = CHECKOUT / "standins/server/run"
 SERVER_END = pathlib.Path(__file__).with_name("server_end.py")
+
+
+def free_port():
+    """A TCP port of this machine that nobody has at the moment."""
+    with socket.create_server(("127.0.0.1", 0)) as probe:
+        return probe.getsockname()[1]
 
 
 class Result(NamedTuple):

@@ -16,7 +16,7 @@ import urllib.request
 
 import pytest
 
-from server import CHECKOUT, RUN as SERVER, Server
+from server import CHECKOUT, RUN as SERVER, Server, free_port
 
 # Both build in build/dev, which is for one at a time: test_run.py and test_installation.py.
 pytestmark = pytest.mark.xdist_group("build")
@@ -27,12 +27,6 @@ WITH_OBJECT_MANAGER = str(CHECKOUT / "standins/server/with-object-manager")
 
 def run(*arguments, **options):
     return subprocess.run([RUN, *arguments], capture_output=True, text=True, check=False, **options)
-
-
-def free_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
 
 
 @pytest.fixture(scope="module")

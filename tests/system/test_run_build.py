@@ -7,7 +7,7 @@ import time
 
 import pytest
 
-from server import CHECKOUT
+from server import CHECKOUT, free_port
 
 
 @pytest.fixture
@@ -105,12 +105,18 @@ def test_a_build_tree_from_where_the_checkout_lay_before_is_made_anew(project):
     assert (status, out.splitlines()[-1].split()[0], err) == (0, "server", "")
 
 
-def test_an_installed_openwbem_is_named_from_where_the_caller_is(project, monkeypatch):
+def ports_of(command):
+    """Those that nobody has at the moment, for a command that takes ports."""
+    return ["--port", str(free_port()), "--page-port", str(free_port())] if command == "serve" else []
+
+
+@pytest.mark.parametrize("command", ["tour", "shell", "serve"])
+def test_an_installed_openwbem_is_named_from_where_the_caller_is(project, monkeypatch, command):
     (project.parent / "installed/sbin").mkdir(parents=True)
     play(project.parent / "installed/sbin/owcimomd", "true")
     play(project / "standins/server/run", 'echo "$KV_OPENWBEM_ROOT $KV_BUILD_DIR"')
     monkeypatch.chdir(project.parent)
-    status, out, err = run(project, "shell", "--openwbem", "installed")
+    status, out, err = run(project, command, *ports_of(command), "--openwbem", "installed")
     assert (status, err) == (0, "")
     assert out.splitlines()[-1] == f"{project.parent}/installed {project}/build/openwbem"
     assert (project / "called").read_text() == (

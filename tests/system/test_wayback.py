@@ -1,6 +1,7 @@
 """The way back of a change, from a machine beyond the server's cables: whatever interrupts it, nobody is left cut off."""
 import datetime
 import json
+import shlex
 
 import pytest
 
@@ -139,7 +140,7 @@ def test_a_change_that_was_cut_off_is_found_and_ended(operator):
 def test_everything_killed_while_the_server_makes_the_change(operator):
     keyboard = operator.on_terminal("set", "eth1", "address=10.0.0.77", "--yes", "--confirm", 60)
     keyboard.wait_for("Changing eth1")
-    operator.server.sh("kill -9 $(pgrep -x lanctl)")
+    operator.server.sh(shlex.join(["kill", "-9", *map(str, operator.processes())]))
     operator.server.wait_for("ip address show eth1 | grep -q 10.0.0.77")
     assert operator.waiting()["state"] == "cut-off"
     # The server is elsewhere now, and whoever rolls back says where.

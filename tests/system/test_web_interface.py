@@ -16,7 +16,8 @@ import pytest
 from cim import OBJECT_MANAGER
 from lanctl import DONE, LANCTL, environment, lanctl
 from scripted_server import ENDPOINT, ScriptedServer
-from web import Web, free_port
+from server import free_port
+from web import Web
 
 MTU = ("eth1", "mtu", "1400")
 

@@ -2,17 +2,12 @@
 import contextlib
 import http.client
 import json
-import socket
 import subprocess
 import time
 from typing import NamedTuple
 
 from lanctl import LANCTL, environment
-
-
-def free_port():
-    with socket.create_server(("127.0.0.1", 0)) as probe:
-        return probe.getsockname()[1]
+from server import free_port
 
 
 class Answer(NamedTuple):

@@ -6,8 +6,8 @@ import pytest
 
 from browser import RESULTS, Page
 from cim import DEFAULT_VARIANT, LIBRARY_DIRS, WITH_OBJECT_MANAGER
-from server import RUN, Server
-from web import Web, free_port
+from server import RUN, Server, free_port
+from web import Web
 
 WIDTHS = [360, 800, 1400, 2560]
 
