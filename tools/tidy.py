@@ -3,7 +3,7 @@ clang-tidy sees: its text and that of its headers with all comments and macros, 
 configuration or clang-tidy itself.
 
 Most of the time goes into the headers of the C++ library. So files of one folder are looked at together, included by
-one file, as far as they can be compiled so. The static analyzer knows such files: it looks at what they include too.
+one file, as far as they can be compiled so.
 
 usage: tidy.py [--deep] BUILD FILE...
   --deep   let the static analyzer take all the steps it wants, which takes several times as long
@@ -21,6 +21,8 @@ import subprocess
 import sys
 
 TIDY = "clang-tidy-14"
+# Otherwise the static analyzer looks at the functions of the one file alone that includes the others.
+INCLUDED_TOO = ["-Xclang", "-analyzer-opt-analyze-headers"]
 # A twentieth of the steps that the static analyzer takes in a function unless told otherwise.
 FEW_STEPS = ["-Xclang", "-analyzer-config", "-Xclang", "max-nodes=10000"]
 TOGETHER = 12
@@ -55,7 +57,7 @@ class Source:
 class Tidy:
     def __init__(self, build, deep):
         self.build = build.resolve()
-        self.extra = [] if deep else FEW_STEPS
+        self.extra = [*INCLUDED_TOO, *([] if deep else FEW_STEPS)]
         self.verdicts = self.build / ("tidy-deep" if deep else "tidy")
         self.verdicts.mkdir(exist_ok=True)
         entries = json.loads((build / "compile_commands.json").read_text())

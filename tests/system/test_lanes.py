@@ -90,7 +90,7 @@ def test_what_a_style_tool_finds_is_one_failure(project, tool):
     assert "   src/room/one.cpp:1: untidy\n" in done.stdout
 
 
-def look_at(project, file, options="-Xclang -analyzer-config -Xclang max-nodes=10000"):
+def look_at(project, file, options="-Xclang -analyzer-opt-analyze-headers -Xclang -analyzer-config -Xclang max-nodes=10000"):
     """The call by which clang-tidy looks at a file."""
     return (f"clang-tidy-14 --quiet --config-file={project}/.clang-tidy --checks=-bugprone-suspicious-include {file} -- "
             f"{options}").rstrip() + "\n"
@@ -129,7 +129,7 @@ def test_clang_tidy_looks_again_when_the_source_is_compiled_otherwise(project):
     run(project, "style")
     compiled(project, "src/room/one.cpp", options="-g")
     run(project, "style")
-    assert look_at(project, project / "src/room/one.cpp", "-g -Xclang -analyzer-config -Xclang max-nodes=10000") in (
+    assert look_at(project, project / "src/room/one.cpp", "-g -Xclang -analyzer-opt-analyze-headers -Xclang -analyzer-config -Xclang max-nodes=10000") in (
         project / "called").read_text()
 
 
@@ -146,6 +146,17 @@ def test_clang_tidy_looks_at_the_files_of_a_folder_together(project):
     joint = project / "build/clang/tidy/src+room+one.cpp.cpp"
     assert (project / "called").read_text().count(look_at(project, joint)) == 1
     assert joint.read_text() == f'#include "{project}/src/room/one.cpp"\n#include "{project}/src/room/two.cpp"\n'
+
+
+def test_the_static_analyzer_sees_into_files_that_are_looked_at_together(project):
+    add_second_source(project)
+    (project / "bin/clang-tidy-14").unlink()
+    play(project, "compiler", 'exec clang++-14 "$@"')
+    (project / ".clang-tidy").write_text("Checks: '-*,clang-analyzer-core.*'\nWarningsAsErrors: '*'\nHeaderFilterRegex: 'room/'\n")
+    (project / "src/room/two.cpp").write_text("int two(int x) {\n    int* p = nullptr;\n    return x > 3 ? *p : 0;\n}\n")
+    done = run(project, "style")
+    assert done.stdout.endswith("2 passed, 1 failed\n")
+    assert "src/room/two.cpp:3:20: error: Dereference of null pointer" in done.stdout
 
 
 def test_what_is_wrong_with_one_of_them_leaves_none_clean(project):
@@ -184,7 +195,7 @@ def test_the_deep_analysis_keeps_verdicts_of_its_own(project):
     run(project, "style")
     for _ in range(2):
         assert run(project, "--analyze").stdout.endswith("1 passed, 0 failed\n")
-    assert (project / "called").read_text().count(look_at(project, project / "src/room/one.cpp", "")) == 1
+    assert (project / "called").read_text().count(look_at(project, project / "src/room/one.cpp", "-Xclang -analyzer-opt-analyze-headers")) == 1
 
 
 def test_an_include_of_a_room_that_the_table_does_not_allow_is_one_failure(project):
